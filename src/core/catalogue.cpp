@@ -1,0 +1,110 @@
+#include "core/catalogue.h"
+
+#include <array>
+
+#include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/constant.h"
+#include "grainsmith/textures/gradient.h"
+
+namespace grainsmith {
+namespace {
+
+// Destroys through the concrete type, so no virtual destructor is needed.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdelete-non-virtual-dtor"
+template <class T>
+void destroyAs(Texture3D* t) {
+    delete static_cast<T*>(t);
+}
+#pragma GCC diagnostic pop
+
+template <class T>
+constexpr KindOps kOps{
+    [] { return static_cast<Texture3D*>(new T); },
+    &destroyAs<T>,
+    &T::parameters,
+};
+
+// A row for an implemented kind: identity and record size come from the class itself.
+template <class T>
+constexpr Kind row(const char* className, int create, int editor, bool readsFlags) {
+    return {T::kName, className, T::kRecordSize, T::kMajor, T::kMinor, create, editor, readsFlags, &kOps<T>};
+}
+
+// A row for a kind whose class is not built yet.
+constexpr Kind planned(const char* name, const char* className, int size, int major, int create, int editor,
+                       bool readsFlags) {
+    return {name, className, size, major, 0, create, editor, readsFlags, nullptr};
+}
+
+constexpr bool yes = true, no = false;
+
+// Creation order first; Brick is marked as reading flags because its algorithm does.
+constexpr std::array kKinds{
+    row<CheckerboardTexture3D>("CheckerboardTexture3D", 1, 2, no),
+    planned("Wood", "WoodTexture3D", 60, 2, 2, 3, no),
+    planned("Perlin Noise", "PerlinTexture3D", 48, 2, 3, 1, yes),
+    planned("Simple Marble", "SimpleMarbleTexture3D", 44, 2, 4, 4, yes),
+    planned("Stripes", "StripesTexture3D", 60, 4, 5, 5, no),
+    planned("Spheres", "SpheresTexture3D", 48, 2, 6, 6, yes),
+    planned("Granite", "GraniteTexture3D", 44, 2, 7, 7, yes),
+    row<GradientTexture3D>("GradientTexture3D", 8, 8, no),
+    row<ConstantTexture3D>("ConstantTexture3D", 9, 0, no),
+    planned("Simplex", "SimplexTexture3D", 40, 2, 10, 9, yes),
+    planned("Voronoi", "VoronoiTexture3D", 48, 2, 11, 10, yes),
+    planned("Brick", "BrickTexture3D", 92, 4, 12, 11, yes),
+    planned("Grid", "GridTexture3D", 52, 3, 13, 12, yes),
+    planned("Turbulence", "TurbulenceTexture3D", 52, 2, 14, 13, yes),
+    planned("FBM", "FBMTexture3D", 52, 2, 15, 14, yes),
+    planned("Erosion", "ErodedTexture3D", 44, 2, 16, 15, yes),
+    planned("Nested Shapes", "NestedShapesTexture3D", 44, 2, 17, 16, no),
+    planned("Dents", "DentedTexture3D", 44, 2, 18, 17, yes),
+    planned("Speckled Stone", "SpeckledStoneTexture3D", 56, 2, 19, 18, yes),
+    planned("HexTile", "HexTileTexture3D", 64, 3, 20, 19, no),
+    planned("Spiral", "SpiralTexture3D", 44, 2, 21, 20, yes),
+    planned("Cheetah", "CheetahTexture3D", 48, 1, 22, 21, yes),
+    planned("Voronoi Tiles", "VoronoiTileTexture3D", 96, 1, 23, 22, yes),
+    planned("Weave", "WeaveTexture3D", 96, 3, 24, 23, no),
+    planned("Plaid", "PlaidTexture3D", 80, 1, 25, 24, no),
+    planned("Psychedelic", "PsychedelicTexture3D", 48, 1, 26, 25, yes),
+    planned("Camouflage", "CamouflageTexture3D", 56, 1, 27, 26, yes),
+    planned("Zigzag", "ZigzagTexture3D", 44, 1, 28, 27, no),
+    planned("Corrugated", "CorrugatedTexture3D", 40, 1, 29, 28, no),
+    planned("Snakeskin", "SnakeskinTexture3D", 96, 1, 30, 29, no),
+    planned("Scales", "ScalesTexture3D", 124, 1, 31, 30, no),
+    planned("Houndstooth", "HoundstoothTexture3D", 48, 1, 32, 31, no),
+    planned("Cell Noise", "CellTexture3D", 48, 2, 0, 0, no),
+    planned("Penrose Rhombus", "PenroseRhombusTexture3D", 68, 1, 0, 0, no),
+};
+
+constexpr bool inCreationOrder() {
+    int next = 1;
+    for (const Kind& k : kKinds) {
+        if (k.createOrder == 0) continue;
+        if (k.createOrder != next++) return false;
+    }
+    return true;
+}
+static_assert(kKinds.size() == 34);
+static_assert(inCreationOrder(), "rows must be listed in creation order");
+
+}  // namespace
+
+std::span<const Kind> catalogue() { return kKinds; }
+
+const Kind* findKind(std::string_view name) {
+    for (const Kind& k : kKinds)
+        if (name == k.name) return &k;
+    return nullptr;
+}
+
+CreatedTexture createByName(std::string_view name) {
+    for (const Kind& k : kKinds) {
+        if (k.createOrder == 0 || name != k.name) continue;
+        if (!k.implemented()) return {};
+        return {k.ops->create(), &k};
+    }
+    return {};
+}
+
+}  // namespace grainsmith
