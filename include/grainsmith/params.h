@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <span>
 
+#include "grainsmith/api.h"
+
 namespace grainsmith {
 
 enum class FieldType : uint8_t {
@@ -48,12 +50,12 @@ struct Param {
 using ParamTable = std::span<const Param>;
 
 // Writes every parameter's default into a record.
-void applyDefaults(ParamTable table, unsigned char* record);
+GRAINSMITH_API void applyDefaults(ParamTable table, unsigned char* record);
 
 // Reads a parameter from a record as a double (bool and enum as 0/1 and the index).
-double readParam(const Param& param, const unsigned char* record);
+GRAINSMITH_API double readParam(const Param& param, const unsigned char* record);
 
 // Writes a value already known to fit the field (see the tool's parser for checking).
-void writeParam(const Param& param, unsigned char* record, double value);
+GRAINSMITH_API void writeParam(const Param& param, unsigned char* record, double value);
 
 }  // namespace grainsmith
