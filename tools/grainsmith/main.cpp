@@ -1,1 +1,64 @@
-int main() { return 0; }
+// grainsmith: inspect, build and render description records from the command line.
+#include <cstdio>
+#include <exception>
+#include <string_view>
+
+#include "cli.h"
+#include "commands.h"
+
+namespace {
+
+struct Command {
+    const char* name;
+    const char* summary;
+    int (*run)(std::span<char* const>);
+};
+
+constexpr Command kCommands[] = {
+    {"list", "every texture kind with its record size, version and status", grainsmith::cli::listCommand},
+    {"record", "write a description record of one kind", grainsmith::cli::recordCommand},
+    {"show", "decode a description record into name = value lines", grainsmith::cli::showCommand},
+    {"eval", "evaluate a texture at points read from standard input or a file", grainsmith::cli::evalCommand},
+    {"render", "render one planar slice of a texture as a grey PNG", grainsmith::cli::renderCommand},
+    {"gallery", "render every implemented kind with its defaults into one PNG", grainsmith::cli::galleryCommand},
+};
+
+void printHelp(std::FILE* to) {
+    std::fprintf(to,
+                 "usage: grainsmith COMMAND [OPTIONS]\n\n"
+                 "Solid procedural textures: build, inspect, evaluate and render description records.\n\n"
+                 "commands:\n");
+    for (const Command& c : kCommands) std::fprintf(to, "  %-8s %s\n", c.name, c.summary);
+    std::fprintf(to, "\n'grainsmith COMMAND --help' describes one command.\n");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        printHelp(stderr);
+        return grainsmith::cli::kUsageExit;
+    }
+    const std::string_view name = argv[1];
+    if (name == "-h" || name == "--help" || name == "help") {
+        printHelp(stdout);
+        return 0;
+    }
+    for (const Command& c : kCommands) {
+        if (name != c.name) continue;
+        try {
+            return c.run(std::span<char* const>(argv + 2, static_cast<size_t>(argc - 2)));
+        } catch (const grainsmith::cli::Failure& f) {
+            std::fprintf(stderr, "grainsmith %s: error: %s\n", c.name, f.what());
+            if (f.exitCode == grainsmith::cli::kUsageExit)
+                std::fprintf(stderr, "(see 'grainsmith %s --help')\n", c.name);
+            return f.exitCode;
+        } catch (const std::exception& e) {
+            std::fprintf(stderr, "grainsmith %s: error: %s\n", c.name, e.what());
+            return 1;
+        }
+    }
+    std::fprintf(stderr, "grainsmith: error: unknown command '%s'\n\n", argv[1]);
+    printHelp(stderr);
+    return grainsmith::cli::kUsageExit;
+}

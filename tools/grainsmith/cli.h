@@ -1,0 +1,91 @@
+// Shared pieces of the grainsmith tool: errors, argument walking, texture handles.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/catalogue.h"
+
+namespace grainsmith::cli {
+
+// A failure reported to the user: the message goes to stderr, the code is the exit status.
+struct Failure : std::runtime_error {
+    int exitCode;
+    Failure(int code, const std::string& message) : std::runtime_error(message), exitCode(code) {}
+};
+inline constexpr int kUsageExit = 2;    // the command line is wrong
+inline constexpr int kInputExit = 1;    // a file or value is wrong or unreadable
+[[noreturn]] inline void usageError(const std::string& m) { throw Failure(kUsageExit, m); }
+[[noreturn]] inline void inputError(const std::string& m) { throw Failure(kInputExit, m); }
+
+// Walks the arguments of one subcommand.
+class Args {
+public:
+    explicit Args(std::span<char* const> args) : args_(args) {}
+    bool done() const { return pos_ >= args_.size(); }
+    std::string_view peek() const { return args_[pos_]; }
+    std::string_view next() { return args_[pos_++]; }
+    // The value of an option such as "-o FILE"; fails when it is missing.
+    std::string value(std::string_view option);
+
+private:
+    std::span<char* const> args_;
+    size_t pos_ = 0;
+};
+
+int parseInt(std::string_view option, std::string_view text);
+float parseFloat(std::string_view option, std::string_view text);
+
+// A texture destroyed through its own kind (Texture3D has no virtual destructor).
+struct TextureDeleter {
+    const Kind* kind;
+    void operator()(Texture3D* t) const { kind->ops->destroy(t); }
+};
+using TexturePtr = std::unique_ptr<Texture3D, TextureDeleter>;
+
+// The record of one kind, as bytes, with its parameters.
+struct Record {
+    const Kind* kind = nullptr;
+    std::vector<unsigned char> bytes;
+};
+
+// "KIND [--set NAME=VALUE]..." or "--record FILE" at the start of the options of eval,
+// render and record. Other options are handed back to the caller through `other`.
+struct TextureChoice {
+    std::string kindName;
+    std::vector<std::string> settings;
+    std::string recordFile;
+};
+
+const Kind& implementedKind(std::string_view name);
+Record defaultRecord(const Kind& kind);
+void applySetting(Record& record, std::string_view setting);  // "name=value"
+Record readRecordFile(const std::string& path);
+Record recordFromChoice(const TextureChoice& choice);
+TexturePtr createTexture(const Record& record, int flags);
+
+// Writes bytes to `path` through a temporary file renamed into place, so no partial file is
+// ever left behind.
+void writeFileAtomically(const std::string& path, std::span<const unsigned char> bytes);
+
+// The shortest decimal that reads back to the same float.
+std::string shortestFloat(float v);
+
+std::string describeValue(const Param& param, const unsigned char* record);
+
+}  // namespace grainsmith::cli
+
+namespace grainsmith::cli {
+
+// Takes "--set NAME=VALUE", "--record FILE" or a bare KIND from `args` into `choice`; returns
+// false (consuming nothing) for any other argument.
+bool takeTextureOption(Args& args, TextureChoice& choice);
+
+// True when the arguments ask for help.
+bool wantsHelp(std::span<char* const> args);
+
+}  // namespace grainsmith::cli
