@@ -1,6 +1,8 @@
 // Grey-level images, the label font and the PNG writer of the command-line tool.
 #include "image.h"
 
+#include "atomic_file.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -141,21 +143,6 @@ void fillClipped(GreyImage& image, int64_t x0, int64_t y0, int64_t x1, int64_t y
     }
 }
 
-std::string errnoText(int errnum) {
-    return std::strerror(errnum);
-}
-
-// Permissions for a new output file: what open() with 0666 would give under the umask.
-// mkstemp creates its file 0600, which would be wrong for an image meant to be shared.
-mode_t newFileMode() {
-    static const mode_t mode = [] {
-        const mode_t mask = umask(0);
-        umask(mask);
-        return static_cast<mode_t>(0666 & ~mask);
-    }();
-    return mode;
-}
-
 // State shared with the libpng callbacks. Kept trivial: libpng reports errors by
 // longjmp, which must not skip any destructor.
 struct PngSink {
@@ -174,16 +161,10 @@ void pngWarning(png_structp, png_const_charp) {}
 
 void pngWrite(png_structp png, png_bytep data, size_t length) {
     auto* sink = static_cast<PngSink*>(png_get_io_ptr(png));
-    while (length > 0) {
-        const ssize_t written = ::write(sink->fd, data, length);
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) {
-            const int errnum = written < 0 ? errno : EIO;
-            std::snprintf(sink->message, sizeof sink->message, "%s", std::strerror(errnum));
-            png_error(png, "write failed");
-        }
-        data += written;
-        length -= static_cast<size_t>(written);
+    const std::string cause = writeAll(sink->fd, data, length);
+    if (!cause.empty()) {
+        std::snprintf(sink->message, sizeof sink->message, "%s", cause.c_str());
+        png_error(png, "write failed");
     }
 }
 
@@ -289,27 +270,13 @@ bool writePng(const GreyImage& image, const std::string& path, std::string& erro
     if (!isConsistent(image)) return fail("the pixel buffer does not match the image size");
     if (image.width == 0 || image.height == 0) return fail("the image is empty");
 
-    std::string temporary = path + ".tmp-XXXXXX";
-    const int fd = mkstemp(temporary.data());
-    if (fd < 0) return fail(errnoText(errno));
-
-    PngSink sink{fd, {}};
-    std::string cause;
-    if (fchmod(fd, newFileMode()) != 0) {
-        cause = errnoText(errno);
-    } else if (!encodePng(image, sink)) {
-        cause = sink.message;
-    } else if (fsync(fd) != 0) {
-        // Reach the disk before the rename, or a crash could leave an empty file at path.
-        cause = errnoText(errno);
-    }
-    if (::close(fd) != 0 && cause.empty()) cause = errnoText(errno);
-    if (cause.empty() && std::rename(temporary.c_str(), path.c_str()) != 0) cause = errnoText(errno);
-    if (!cause.empty()) {
-        ::unlink(temporary.c_str());
-        return fail(cause);
-    }
-    return true;
+    return writeAtomically(
+        path,
+        [&](int fd) -> std::string {
+            PngSink sink{fd, {}};
+            return encodePng(image, sink) ? std::string() : std::string(sink.message);
+        },
+        error);
 }
 
 }  // namespace grainsmith::cli

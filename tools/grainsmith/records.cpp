@@ -1,8 +1,4 @@
 // Building, reading, checking and describing description records for the tool.
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <charconv>
 #include <cfloat>
@@ -14,6 +10,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "atomic_file.h"
 #include "cli.h"
 
 namespace grainsmith::cli {
@@ -225,25 +222,9 @@ TexturePtr createTexture(const Record& record, int flags) {
 }
 
 void writeFileAtomically(const std::string& path, std::span<const unsigned char> bytes) {
-    std::string temp = path + ".tmp-XXXXXX";
-    const int fd = ::mkstemp(temp.data());
-    if (fd < 0) inputError("cannot write '" + path + "': " + std::strerror(errno));
-    // mkstemp creates the file private; give it the permissions a plain create would.
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    bool ok = ::fchmod(fd, 0666 & ~mask) == 0;
-    for (size_t written = 0; ok && written < bytes.size();) {
-        const ssize_t n = ::write(fd, bytes.data() + written, bytes.size() - written);
-        ok = n > 0;
-        if (ok) written += static_cast<size_t>(n);
-    }
-    int error = ok ? 0 : errno;
-    if (::close(fd) != 0 && ok) ok = false, error = errno;
-    if (ok && ::rename(temp.c_str(), path.c_str()) != 0) ok = false, error = errno;
-    if (!ok) {
-        ::unlink(temp.c_str());
-        inputError("cannot write '" + path + "': " + std::strerror(error));
-    }
+    std::string error;
+    if (!writeAtomically(path, [&](int fd) { return writeAll(fd, bytes.data(), bytes.size()); }, error))
+        inputError(error);
 }
 
 std::string describeValue(const Param& p, const unsigned char* record) {
