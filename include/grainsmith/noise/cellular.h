@@ -19,8 +19,9 @@ inline constexpr const char* kTypeNames[] = {"First", "Second", "Third", "Fourth
 inline constexpr const char* kDistanceNames[] = {"Length", "Squared Length", "Taxicab", "Chebychev",
                                                  "Quadratic", "Minkowski(4)", "Minkowski(0.5)"};
 
-// F ascending; positions are the feature points in sample units. A code outside the
-// table behaves as Length.
+// F ascending; positions are the feature points in sample units. A method outside the
+// table behaves as Length, a type outside 0..6 as First. Every value carries the final
+// sqrt(2) / sqrt(3) scale.
 GRAINSMITH_API void voronoi_search3(float x, float y, float z, float F[4], float positions[4][3], int method);
 GRAINSMITH_API void voronoi_search2(float x, float y, float F[4], float positions[4][3], int method);
 GRAINSMITH_API float voronoi_value3(float x, float y, float z, int type, int method);
@@ -31,7 +32,8 @@ namespace Worley {
 enum VoronoiType { First = 0, Second, Third, Fourth, Difference21, Difference32, Tile };
 enum DistanceMethod { Euclidean = 0, Squared, LargestPlusLength, Taxicab, Chebychev, Quadratic, Minkowski4, Minkowski05 };
 
-// maxOrder is 1..4. A method above 7 behaves as 0.
+// maxOrder is 1..4 (below 1 nothing is written, above 4 only four are kept). A method
+// outside 0..7 behaves as 0, a type outside 0..6 as First.
 GRAINSMITH_API void worley_search(const double at[3], int maxOrder, double* F, double (*delta)[3], uint32_t* id,
                                   int method);
 GRAINSMITH_API double worley_value(double x, double y, double z, int type, int method);
