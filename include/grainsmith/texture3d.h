@@ -14,13 +14,25 @@
 
 namespace grainsmith {
 
+// A one-byte boolean in a record. Records come from hosts and files, so the byte may hold
+// any value; it reads as true when it is not 0, and writing stores 0 or 1.
+struct RecordBool {
+    uint8_t byte;
+    constexpr operator bool() const { return byte != 0; }
+    constexpr RecordBool& operator=(bool on) {
+        byte = on ? 1 : 0;
+        return *this;
+    }
+};
+static_assert(sizeof(RecordBool) == 1);
+
 // The first 36 bytes of every description record.
 struct BaseData {
     uint8_t recordSize;     // whole record, head included
     char name[32];          // display name, NUL-terminated
     char majorVersion;
     char minorVersion;
-    bool interactiveUpdate;
+    RecordBool interactiveUpdate;
 };
 static_assert(sizeof(BaseData) == 36);
 static_assert(offsetof(BaseData, name) == 1);

@@ -152,7 +152,9 @@ TEST(RecordRules, ParameterTablesMatchTheRecordLayout) {
             EXPECT_GE(p.offset, 36);
             EXPECT_LE(p.offset + width, kind->recordSize);
             EXPECT_EQ(p.offset % width, 0);
-            if (p.type == FieldType::Enum) EXPECT_FALSE(p.choices.empty());
+            if (p.type == FieldType::Enum) {
+                EXPECT_FALSE(p.choices.empty());
+            }
         }
     }
 }
@@ -210,7 +212,7 @@ TEST(Factory, CreatesByExactNameOnly) {
         }
         ASSERT_NE(c.texture, nullptr);
         EXPECT_EQ(c.kind, k);
-        char head[40];
+        char head[256];
         c.texture->getDescription(head);
         EXPECT_STREQ(head + 1, e.name);
         c.kind->ops->destroy(c.texture);

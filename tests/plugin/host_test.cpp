@@ -60,7 +60,7 @@ std::vector<unsigned char> batch(const std::vector<float>& xyz) {
     std::vector<char> second(4 + xyz.size() * 4);
     const int32_t n = static_cast<int32_t>(xyz.size() / 3);
     std::memcpy(second.data(), &n, 4);
-    std::memcpy(second.data() + 4, xyz.data(), xyz.size() * 4);
+    if (!xyz.empty()) std::memcpy(second.data() + 4, xyz.data(), xyz.size() * 4);
     std::vector<unsigned char> out(64, 0x7F);
     EXPECT_EQ(plugin().batch(nullptr, 0.0, reinterpret_cast<char*>(out.data()), 64, second.data(),
                              static_cast<int>(second.size()), nullptr),

@@ -9,7 +9,7 @@ namespace grainsmith {
 struct CheckerboardData {
     BaseData head;
     int32_t depth;
-    bool randomizeColors;
+    RecordBool randomizeColors;
     uint8_t padding[3];
     float variability;
 };

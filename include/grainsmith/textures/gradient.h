@@ -7,9 +7,9 @@ namespace grainsmith {
 
 struct GradientData {
     BaseData head;
-    bool xDir;
-    bool yDir;
-    bool zDir;
+    RecordBool xDir;
+    RecordBool yDir;
+    RecordBool zDir;
 };
 static_assert(sizeof(GradientData) == 39);
 static_assert(offsetof(GradientData, xDir) == 36 && offsetof(GradientData, yDir) == 37 &&
