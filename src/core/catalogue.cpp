@@ -2,9 +2,25 @@
 
 #include <array>
 
+#include "grainsmith/textures/camouflage.h"
+#include "grainsmith/textures/cell.h"
 #include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/cheetah.h"
 #include "grainsmith/textures/constant.h"
+#include "grainsmith/textures/dented.h"
+#include "grainsmith/textures/eroded.h"
+#include "grainsmith/textures/fbm.h"
 #include "grainsmith/textures/gradient.h"
+#include "grainsmith/textures/granite.h"
+#include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/simple_marble.h"
+#include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/turbulence.h"
+#include "grainsmith/textures/wood.h"
+#include "grainsmith/textures/psychedelic.h"
+#include "grainsmith/textures/speckled_stone.h"
+#include "grainsmith/textures/voronoi.h"
+#include "grainsmith/textures/voronoi_tile.h"
 
 namespace grainsmith {
 namespace {
@@ -42,38 +58,38 @@ constexpr bool yes = true, no = false;
 // Creation order first; Brick is marked as reading flags because its algorithm does.
 constexpr std::array kKinds{
     row<CheckerboardTexture3D>("CheckerboardTexture3D", 1, 2, no),
-    planned("Wood", "WoodTexture3D", 60, 2, 2, 3, no),
-    planned("Perlin Noise", "PerlinTexture3D", 48, 2, 3, 1, yes),
-    planned("Simple Marble", "SimpleMarbleTexture3D", 44, 2, 4, 4, yes),
+    row<WoodTexture3D>("WoodTexture3D", 2, 3, no),
+    row<PerlinTexture3D>("PerlinTexture3D", 3, 1, yes),
+    row<SimpleMarbleTexture3D>("SimpleMarbleTexture3D", 4, 4, yes),
     planned("Stripes", "StripesTexture3D", 60, 4, 5, 5, no),
     planned("Spheres", "SpheresTexture3D", 48, 2, 6, 6, yes),
-    planned("Granite", "GraniteTexture3D", 44, 2, 7, 7, yes),
+    row<GraniteTexture3D>("GraniteTexture3D", 7, 7, yes),
     row<GradientTexture3D>("GradientTexture3D", 8, 8, no),
     row<ConstantTexture3D>("ConstantTexture3D", 9, 0, no),
-    planned("Simplex", "SimplexTexture3D", 40, 2, 10, 9, yes),
-    planned("Voronoi", "VoronoiTexture3D", 48, 2, 11, 10, yes),
+    row<SimplexTexture3D>("SimplexTexture3D", 10, 9, yes),
+    row<VoronoiTexture3D>("VoronoiTexture3D", 11, 10, yes),
     planned("Brick", "BrickTexture3D", 92, 4, 12, 11, yes),
     planned("Grid", "GridTexture3D", 52, 3, 13, 12, yes),
-    planned("Turbulence", "TurbulenceTexture3D", 52, 2, 14, 13, yes),
-    planned("FBM", "FBMTexture3D", 52, 2, 15, 14, yes),
-    planned("Erosion", "ErodedTexture3D", 44, 2, 16, 15, yes),
+    row<TurbulenceTexture3D>("TurbulenceTexture3D", 14, 13, yes),
+    row<FBMTexture3D>("FBMTexture3D", 15, 14, yes),
+    row<ErodedTexture3D>("ErodedTexture3D", 16, 15, yes),
     planned("Nested Shapes", "NestedShapesTexture3D", 44, 2, 17, 16, no),
-    planned("Dents", "DentedTexture3D", 44, 2, 18, 17, yes),
-    planned("Speckled Stone", "SpeckledStoneTexture3D", 56, 2, 19, 18, yes),
+    row<DentedTexture3D>("DentedTexture3D", 18, 17, yes),
+    row<SpeckledStoneTexture3D>("SpeckledStoneTexture3D", 19, 18, yes),
     planned("HexTile", "HexTileTexture3D", 64, 3, 20, 19, no),
     planned("Spiral", "SpiralTexture3D", 44, 2, 21, 20, yes),
-    planned("Cheetah", "CheetahTexture3D", 48, 1, 22, 21, yes),
-    planned("Voronoi Tiles", "VoronoiTileTexture3D", 96, 1, 23, 22, yes),
+    row<CheetahTexture3D>("CheetahTexture3D", 22, 21, yes),
+    row<VoronoiTileTexture3D>("VoronoiTileTexture3D", 23, 22, yes),
     planned("Weave", "WeaveTexture3D", 96, 3, 24, 23, no),
     planned("Plaid", "PlaidTexture3D", 80, 1, 25, 24, no),
-    planned("Psychedelic", "PsychedelicTexture3D", 48, 1, 26, 25, yes),
-    planned("Camouflage", "CamouflageTexture3D", 56, 1, 27, 26, yes),
+    row<PsychedelicTexture3D>("PsychedelicTexture3D", 26, 25, yes),
+    row<CamouflageTexture3D>("CamouflageTexture3D", 27, 26, yes),
     planned("Zigzag", "ZigzagTexture3D", 44, 1, 28, 27, no),
     planned("Corrugated", "CorrugatedTexture3D", 40, 1, 29, 28, no),
     planned("Snakeskin", "SnakeskinTexture3D", 96, 1, 30, 29, no),
     planned("Scales", "ScalesTexture3D", 124, 1, 31, 30, no),
     planned("Houndstooth", "HoundstoothTexture3D", 48, 1, 32, 31, no),
-    planned("Cell Noise", "CellTexture3D", 48, 2, 0, 0, no),
+    row<CellTexture3D>("CellTexture3D", 0, 0, no),
     planned("Penrose Rhombus", "PenroseRhombusTexture3D", 68, 1, 0, 0, no),
 };
 

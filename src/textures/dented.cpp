@@ -1,0 +1,24 @@
+#include "grainsmith/textures/dented.h"
+
+#include "grainsmith/numeric.h"
+#include "textures/folded_noise.h"
+
+namespace grainsmith {
+
+ParamTable DentedTexture3D::parameters() {
+    static constexpr Param table[] = {
+        {.name = "magnitude", .type = FieldType::Float32, .offset = offsetof(DentedData, magnitude),
+         .defaultValue = 5.0, .group = "Dents", .label = "Magnitude", .widget = Widget::DoubleSpin,
+         .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3},
+        {.name = "scale", .type = FieldType::Float32, .offset = offsetof(DentedData, scale), .defaultValue = 5.0,
+         .group = "Dents", .label = "Scale", .widget = Widget::DoubleSpin, .minimum = 0.001, .maximum = 99.99,
+         .step = 0.1, .decimals = 3},
+    };
+    return table;
+}
+
+float DentedTexture3D::evaluate(const float* p) const {
+    return clamp01(detail::foldedNoiseSum(p, data_.scale, data_.magnitude, 1.0f, 1.0, planar()));
+}
+
+}  // namespace grainsmith
