@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <vector>
@@ -142,5 +143,20 @@ TEST(Host, FlagsComeFromTheSecondBlock) {
     put<int32_t>(checker, 36, 1);
     begin(checker, 8);
     EXPECT_EQ(one(0.5f, 0.5f, 1.5f), 0.75f);
+
+    // FBM honours them: with 4 (or 8) it evaluates the plane and z has no effect.
+    std::vector<char> fbm = record(52, "FBM", 2, 0);
+    put<int32_t>(fbm, 36, 4);
+    put<float>(fbm, 40, 2.0f);
+    put<float>(fbm, 44, 0.5f);
+    put<float>(fbm, 48, 4.0f);
+    begin(fbm, 2);
+    EXPECT_EQ(one(0, 0, 0), 0.5f);  // every octave's noise is 0 at the origin
+    EXPECT_NE(one(0.31f, 0.77f, 0.2f), one(0.31f, 0.77f, 0.9f));
+    for (int32_t planar : {4, 8}) {
+        begin(fbm, planar);
+        EXPECT_EQ(one(0.31f, 0.77f, 0.2f), one(0.31f, 0.77f, 0.9f));
+        EXPECT_EQ(one(0.31f, 0.77f, 0.2f), one(0.31f, 0.77f, NAN));
+    }
     endSession();
 }
