@@ -5,6 +5,7 @@
 // contracts a*b+c into a fused multiply-add.
 #pragma once
 
+#include <bit>
 #include <cstdint>
 
 #include "grainsmith/numeric.h"
@@ -39,20 +40,30 @@ inline float grad1(uint32_t hash, float x) {
     return g * x;
 }
 
-// 2-D gradient: one of the eight directions (+-1, +-2) and (+-2, +-1).
+// Exact negation of v when `negate` is 1: the sign bit flipped, with no branch to mispredict.
+inline float negatedIf(uint32_t negate, float v) {
+    return std::bit_cast<float>(std::bit_cast<uint32_t>(v) ^ (negate << 31));
+}
+
+// 2-D gradient: one of the eight directions (+-1, +-2) and (+-2, +-1). The hash picks which
+// coordinate is u and which is v, and their signs; table lookups keep the random hash from
+// costing a branch misprediction per corner.
 inline float grad2(uint32_t hash, float x, float y) {
     const uint32_t h = hash & 7u;
-    const float u = h < 4u ? x : y;
-    const float v = h < 4u ? y : x;
-    return ((h & 1u) ? -u : u) + ((h & 2u) ? -2.0f * v : 2.0f * v);
+    const float c[2] = {x, y};
+    const uint32_t uIsY = h >> 2;  // h < 4: u = x, v = y; otherwise swapped
+    const float u = c[uIsY], v = c[uIsY ^ 1u];
+    return negatedIf(h & 1u, u) + negatedIf((h >> 1) & 1u, 2.0f * v);
 }
 
 // 3-D gradient: one of the twelve cube-edge directions (four of them repeated).
+// u = x for h < 8, else y; v = y for h < 4, x for h 12 and 14, else z.
 inline float grad3(uint32_t hash, float x, float y, float z) {
+    static constexpr uint8_t kU[16] = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
+    static constexpr uint8_t kV[16] = {1, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2, 2, 0, 2, 0, 2};
     const uint32_t h = hash & 15u;
-    const float u = h < 8u ? x : y;
-    const float v = h < 4u ? y : (h == 12u || h == 14u ? x : z);
-    return ((h & 1u) ? -u : u) + ((h & 2u) ? -v : v);
+    const float c[3] = {x, y, z};
+    return negatedIf(h & 1u, c[kU[h]]) + negatedIf((h >> 1) & 1u, c[kV[h]]);
 }
 
 }  // namespace grainsmith::noise_detail
