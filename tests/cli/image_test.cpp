@@ -41,36 +41,15 @@ GreyImage rendered(std::string_view text, int width, int height, int x = 0, int 
 TEST(GreyImage, ToGreyClampsAndRoundsToNearest) {
     using grainsmith::cli::toGrey;
     EXPECT_EQ(toGrey(std::numeric_limits<float>::quiet_NaN()), 0);
-    EXPECT_EQ(toGrey(-std::numeric_limits<float>::infinity()), 0);
-    EXPECT_EQ(toGrey(std::numeric_limits<float>::infinity()), 255);
     EXPECT_EQ(toGrey(-1.0f), 0);
-    EXPECT_EQ(toGrey(0.0f), 0);
-    EXPECT_EQ(toGrey(1.0f), 255);
     EXPECT_EQ(toGrey(2.0f), 255);
     EXPECT_EQ(toGrey(0.5f), 128);   // 127.5: a half rounds up
-    EXPECT_EQ(toGrey(0.25f), 64);   // 63.75
     EXPECT_EQ(toGrey(0.75f), 191);  // 191.25
 }
 
-TEST(GreyImage, FillRectAndBlitClipToTheImage) {
-    GreyImage image = grainsmith::cli::makeImage(5, 5);
-    grainsmith::cli::fillRect(image, -2, -2, 4, 4, 9);
-    EXPECT_EQ(litCount(image), 4);
-    EXPECT_EQ(pixel(image, 1, 1), 9);
-    grainsmith::cli::fillRect(image, 3, 3, INT_MAX, INT_MAX, 7);  // no overflow at the far edge
-    EXPECT_EQ(litCount(image), 8);
-    EXPECT_EQ(pixel(image, 4, 4), 7);
-
+TEST(GreyImage, BlitClipsToTheImage) {
     GreyImage src{3, 3, {1, 2, 3, 4, 5, 6, 7, 8, 9}};
     GreyImage dst = grainsmith::cli::makeImage(5, 5);
-    grainsmith::cli::blit(dst, src, 3, 3);
-    EXPECT_EQ(litCount(dst), 4);
-    EXPECT_EQ(pixel(dst, 3, 3), 1);
-    EXPECT_EQ(pixel(dst, 4, 3), 2);
-    EXPECT_EQ(pixel(dst, 3, 4), 4);
-    EXPECT_EQ(pixel(dst, 4, 4), 5);
-
-    dst = grainsmith::cli::makeImage(5, 5);
     grainsmith::cli::blit(dst, src, -1, -2);
     EXPECT_EQ(litCount(dst), 2);
     EXPECT_EQ(pixel(dst, 0, 0), 8);
@@ -95,10 +74,6 @@ TEST(GreyImageText, GlyphsDrawInTheirCellAndSpaceDrawsNothing) {
     EXPECT_EQ(litCount(rendered(" ", 12, 14)), 0);
     EXPECT_EQ(litCount(rendered("   ", 30, 14)), 0);
 
-    // The second glyph starts one advance (6 pixels) on: 'I' tops are columns 1-3 of each cell.
-    GreyImage ii = rendered("II", 12, 9);
-    const std::vector<int> top = {0, 200, 200, 200, 0, 0, 0, 200, 200, 200, 0, 0};
-    for (int x = 0; x < 12; ++x) EXPECT_EQ(pixel(ii, x, 0), top[x]) << x;
 }
 
 TEST(GreyImageText, EveryPrintableGlyphIsDrawnAndDistinct) {
@@ -115,24 +90,10 @@ TEST(GreyImageText, EveryPrintableGlyphIsDrawnAndDistinct) {
 }
 
 TEST(GreyImageText, WidthAndClipping) {
-    using grainsmith::cli::textWidth;
-    EXPECT_EQ(textWidth("", 1), 0);
-    EXPECT_EQ(textWidth("A", 1), 5);
-    EXPECT_EQ(textWidth("ab", 1), 11);
-    EXPECT_EQ(textWidth("ab", 3), 33);
-    EXPECT_EQ(textWidth("ab", 0), 11);
-    EXPECT_EQ(grainsmith::cli::textHeight(2), 18);
-
-    // 'L' is a left column and a bottom bar of four more; one pixel left of the image only
-    // the bar remains.
+    EXPECT_EQ(grainsmith::cli::textWidth("ab", 3), 33);  // two 6-pixel advances less the trailing gap
+    // 'L' one pixel left of the image: only the four pixels of its bar remain.
     EXPECT_EQ(litCount(rendered("L", 10, 10, -1, 0)), 4);
-    // 'T' at scale 2 from (-4, -2): the bar is above the image, the stem (column 2 -> x 0-1)
-    // shows for rows 1 and 2 (y 0-3).
-    EXPECT_EQ(litCount(rendered("T", 4, 4, -4, -2, 2)), 8);
-    EXPECT_EQ(litCount(rendered("text", 4, 4, INT_MAX - 1, INT_MAX - 1, INT_MAX)), 0);
-    // Positions past the int range: the font pixel at row 1, column 1 of 't' starts at
-    // INT_MIN + INT_MAX = -1 on both axes and covers the whole image.
-    EXPECT_EQ(litCount(rendered("text", 4, 4, INT_MIN, INT_MIN, INT_MAX)), 16);
+    EXPECT_EQ(litCount(rendered("text", 4, 4, INT_MAX - 1, INT_MAX - 1, INT_MAX)), 0);  // no overflow
 }
 
 class PngWriteTest : public ::testing::Test {
@@ -219,13 +180,6 @@ TEST_F(PngWriteTest, FailuresReportTheCauseAndLeaveNoFile) {
     EXPECT_NE(error.find("cannot write '" + (dir_ / "taken.png").string() + "': "), std::string::npos) << error;
     EXPECT_EQ(entries(), std::vector<std::string>{"taken.png"});
 
-    error.clear();
-    EXPECT_FALSE(grainsmith::cli::writePng(grainsmith::cli::makeImage(0, 5), (dir_ / "e.png").string(), error));
-    EXPECT_FALSE(error.empty());
-    GreyImage broken{4, 4, std::vector<uint8_t>(3)};
-    error.clear();
-    EXPECT_FALSE(grainsmith::cli::writePng(broken, (dir_ / "b.png").string(), error));
-    EXPECT_FALSE(error.empty());
     EXPECT_EQ(entries(), std::vector<std::string>{"taken.png"});
 }
 

@@ -85,7 +85,7 @@ int showCommand(std::span<char* const> argv) {
         std::puts("usage: grainsmith show FILE\n\n"
                   "Decodes a description record into 'name = value' lines: the head (kind, record\n"
                   "size, version, interactive update), then every parameter of the kind in record\n"
-                  "order. The values are written so that 'record --set' accepts them back.");
+                  "order. Parameter lines are written so that 'record --set' accepts them back.");
         return 0;
     }
     if (argv.size() != 1) usageError("show takes exactly one FILE");
