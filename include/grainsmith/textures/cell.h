@@ -4,34 +4,17 @@
 #pragma once
 
 #include "grainsmith/noise/cellular.h"
-#include "grainsmith/texture_kind.h"
+#include "grainsmith/textures/cellular_kind.h"
 
 namespace grainsmith {
 
-struct CellData {
-    BaseData head;
-    float scale;
-    int32_t type;            // Worley::VoronoiType code
-    int32_t distanceMethod;  // Worley::DistanceMethod code
-};
-static_assert(sizeof(CellData) == 48);
-static_assert(offsetof(CellData, scale) == 36 && offsetof(CellData, type) == 40 &&
-              offsetof(CellData, distanceMethod) == 44);
+using CellData = CellularData;
 
-class GRAINSMITH_API CellTexture3D : public TextureKind<CellTexture3D, CellData> {
+class GRAINSMITH_API CellTexture3D : public CellularKind<CellTexture3D> {
 public:
     static constexpr char kName[] = "Cell Noise";
     static constexpr int kMajor = 2;
     static ParamTable parameters();
-
-    float getScale() const { return data_.scale; }
-    void setScale(float v) { data_.scale = v; }
-    // Codes of Worley::VoronoiType and Worley::DistanceMethod, as plain ints (a record may
-    // carry any value).
-    int getType() const { return data_.type; }
-    void setType(int v) { data_.type = v; }
-    int getDistanceMethod() const { return data_.distanceMethod; }
-    void setDistanceMethod(int v) { data_.distanceMethod = v; }
 
     float evaluate(const float* p) const;
 };
