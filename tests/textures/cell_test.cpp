@@ -1,91 +1,29 @@
+// Cell Noise: a double-precision cell search; not a planar kind.
 #include "grainsmith/textures/cell.h"
+#include "textures/noise_kind_test_util.h"
 
-#include <gtest/gtest.h>
+using namespace noise_kind_test;
 
-#include <bit>
-#include <cstdint>
+TEST(CellNoiseKind, Defaults) { expectDefaults<CellTexture3D>({4.0, Worley::First, Worley::Euclidean}); }
 
-#include "core/catalogue.h"
-
-namespace grainsmith {
-namespace {
-
-// Expected values were worked out independently of this library: a script that follows the
-// double-precision cell search (hash, Poisson count, congruential generator, density
-// adjustment and neighbour pruning) step by step.
-
-float value(const CellTexture3D& t, float x, float y, float z) {
-    const float p[3] = {x, y, z};
-    return t(p);
-}
-
-float bits(uint32_t b) { return std::bit_cast<float>(b); }
-
-TEST(CellNoiseTexture, Defaults) {
-    CellTexture3D t;
-    EXPECT_EQ(t.getScale(), 4.0f);
-    EXPECT_EQ(t.getType(), Worley::First);
-    EXPECT_EQ(t.getDistanceMethod(), Worley::Euclidean);
-    EXPECT_EQ(CellTexture3D::name(), "Cell Noise");
-}
-
-TEST(CellNoiseTexture, ExistsInTheCatalogueButCannotBeCreatedByName) {
-    const Kind* kind = findKind("Cell Noise");
-    ASSERT_NE(kind, nullptr);
-    EXPECT_TRUE(kind->implemented());
-    EXPECT_EQ(kind->createOrder, 0);
-    EXPECT_EQ(kind->editorOrder, 0);
-    EXPECT_FALSE(kind->readsFlags);
-    EXPECT_EQ(createByName("Cell Noise").texture, nullptr);
-}
-
-struct Case {
-    int type;
-    int method;
-    uint32_t expected;
-};
-
-TEST(CellNoiseTexture, TypesAndMetricsAtChosenPoints) {
-    CellTexture3D t;
-    static constexpr Case atA[] = {
-        {0, 0, 0x3E9FBA12}, {1, 0, 0x3F2D4E14}, {4, 0, 0x3EBAE216}, {5, 0, 0x3ED0C41C}, {0, 3, 0x3EC7AF32},
+TEST(CellNoiseKind, TypesAndMetricsAtChosenPoints) {
+    const auto at = [](int type, int metric, float x, float y, float z) {
+        return valueAt(withParams<CellTexture3D>({4.0, double(type), double(metric)}), x, y, z);
     };
-    for (const Case& c : atA) {
-        t.setType(c.type);
-        t.setDistanceMethod(c.method);
-        EXPECT_EQ(value(t, 0.52f, -0.27f, 0.33f), bits(c.expected)) << "type " << c.type << " method " << c.method;
-    }
-    static constexpr Case atB[] = {{0, 0, 0x3F4EFFBF}, {4, 0, 0x3F06B017}, {5, 0, 0x3F3A3811}};
-    for (const Case& c : atB) {
-        t.setType(c.type);
-        t.setDistanceMethod(c.method);
-        EXPECT_EQ(value(t, -1.05f, 2.2f, 0.9f), bits(c.expected)) << "type " << c.type << " method " << c.method;
-    }
-}
-
-TEST(CellNoiseTexture, DistancesAboveOneAreClamped) {
-    // Here the nearest point is 1.067 away (after undoing the density adjustment).
-    CellTexture3D t;
-    EXPECT_EQ(value(t, 0.13f, 0.37f, 0.71f), 1.0f);
-    t.setType(Worley::Difference21);
-    EXPECT_EQ(value(t, 0.13f, 0.37f, 0.71f), bits(0x3D935445u));
-}
-
-TEST(CellNoiseTexture, TileIsOneEverywhere) {
+    EXPECT_EQ(at(Worley::First, Worley::Euclidean, 0.52f, -0.27f, 0.33f), bits(0x3E9FBA12u));
+    EXPECT_EQ(at(Worley::Second, Worley::Euclidean, 0.52f, -0.27f, 0.33f), bits(0x3F2D4E14u));
+    EXPECT_EQ(at(Worley::Difference21, Worley::Euclidean, 0.52f, -0.27f, 0.33f), bits(0x3EBAE216u));
+    EXPECT_EQ(at(Worley::First, Worley::Taxicab, 0.52f, -0.27f, 0.33f), bits(0x3EC7AF32u));
+    // The nearest point is 1.067 away here (after undoing the density adjustment): clamped.
+    EXPECT_EQ(at(Worley::First, Worley::Euclidean, 0.13f, 0.37f, 0.71f), 1.0f);
+    EXPECT_EQ(at(Worley::Difference21, Worley::Euclidean, 0.13f, 0.37f, 0.71f), bits(0x3D935445u));
     // max(10 x (F2 - F1), 1) is never below 1, and the clamp takes it back to 1.
-    CellTexture3D t;
-    t.setType(Worley::Tile);
-    for (const float x : {0.0f, 0.13f, -1.05f, 7.5f, 1e6f})
-        for (const float y : {0.0f, 0.37f, 2.2f})
-            EXPECT_EQ(value(t, x, y, 0.33f), 1.0f) << x << " " << y;
+    for (float x : {0.13f, -1.05f, 7.5f, 1e6f})
+        EXPECT_EQ(at(Worley::Tile, Worley::Euclidean, x, 0.37f, 0.33f), 1.0f) << x;
 }
 
-TEST(CellNoiseTexture, IgnoresPlanarFlags) {
-    CellTexture3D t;
-    t.setFlags(12);
-    EXPECT_EQ(value(t, 0.52f, -0.27f, 0.33f), bits(0x3E9FBA12u));
-    EXPECT_NE(value(t, 0.52f, -0.27f, 0.0f), bits(0x3E9FBA12u));
+TEST(CellNoiseKind, IgnoresThePlanarFlags) {
+    const CellTexture3D t = inPlane(CellTexture3D(), 12);
+    EXPECT_EQ(valueAt(t, 0.52f, -0.27f, 0.33f), bits(0x3E9FBA12u));
+    EXPECT_NE(valueAt(t, 0.52f, -0.27f, 0.0f), bits(0x3E9FBA12u));
 }
-
-}  // namespace
-}  // namespace grainsmith
