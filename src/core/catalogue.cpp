@@ -13,14 +13,14 @@
 #include "grainsmith/textures/gradient.h"
 #include "grainsmith/textures/granite.h"
 #include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/psychedelic.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
-#include "grainsmith/textures/turbulence.h"
-#include "grainsmith/textures/wood.h"
-#include "grainsmith/textures/psychedelic.h"
 #include "grainsmith/textures/speckled_stone.h"
+#include "grainsmith/textures/turbulence.h"
 #include "grainsmith/textures/voronoi.h"
 #include "grainsmith/textures/voronoi_tile.h"
+#include "grainsmith/textures/wood.h"
 
 namespace grainsmith {
 namespace {
@@ -55,43 +55,48 @@ constexpr Kind planned(const char* name, const char* className, int size, int ma
 
 constexpr bool yes = true, no = false;
 
+// The class name is written once: the row takes it from the class itself.
+#define IMPLEMENTED(Class, create, editor, readsFlags) row<Class>(#Class, create, editor, readsFlags)
+
 // Creation order first; Brick is marked as reading flags because its algorithm does.
 constexpr std::array kKinds{
-    row<CheckerboardTexture3D>("CheckerboardTexture3D", 1, 2, no),
-    row<WoodTexture3D>("WoodTexture3D", 2, 3, no),
-    row<PerlinTexture3D>("PerlinTexture3D", 3, 1, yes),
-    row<SimpleMarbleTexture3D>("SimpleMarbleTexture3D", 4, 4, yes),
+    IMPLEMENTED(CheckerboardTexture3D, 1, 2, no),
+    IMPLEMENTED(WoodTexture3D, 2, 3, no),
+    IMPLEMENTED(PerlinTexture3D, 3, 1, yes),
+    IMPLEMENTED(SimpleMarbleTexture3D, 4, 4, yes),
     planned("Stripes", "StripesTexture3D", 60, 4, 5, 5, no),
     planned("Spheres", "SpheresTexture3D", 48, 2, 6, 6, yes),
-    row<GraniteTexture3D>("GraniteTexture3D", 7, 7, yes),
-    row<GradientTexture3D>("GradientTexture3D", 8, 8, no),
-    row<ConstantTexture3D>("ConstantTexture3D", 9, 0, no),
-    row<SimplexTexture3D>("SimplexTexture3D", 10, 9, yes),
-    row<VoronoiTexture3D>("VoronoiTexture3D", 11, 10, yes),
+    IMPLEMENTED(GraniteTexture3D, 7, 7, yes),
+    IMPLEMENTED(GradientTexture3D, 8, 8, no),
+    IMPLEMENTED(ConstantTexture3D, 9, 0, no),
+    IMPLEMENTED(SimplexTexture3D, 10, 9, yes),
+    IMPLEMENTED(VoronoiTexture3D, 11, 10, yes),
     planned("Brick", "BrickTexture3D", 92, 4, 12, 11, yes),
     planned("Grid", "GridTexture3D", 52, 3, 13, 12, yes),
-    row<TurbulenceTexture3D>("TurbulenceTexture3D", 14, 13, yes),
-    row<FBMTexture3D>("FBMTexture3D", 15, 14, yes),
-    row<ErodedTexture3D>("ErodedTexture3D", 16, 15, yes),
+    IMPLEMENTED(TurbulenceTexture3D, 14, 13, yes),
+    IMPLEMENTED(FBMTexture3D, 15, 14, yes),
+    IMPLEMENTED(ErodedTexture3D, 16, 15, yes),
     planned("Nested Shapes", "NestedShapesTexture3D", 44, 2, 17, 16, no),
-    row<DentedTexture3D>("DentedTexture3D", 18, 17, yes),
-    row<SpeckledStoneTexture3D>("SpeckledStoneTexture3D", 19, 18, yes),
+    IMPLEMENTED(DentedTexture3D, 18, 17, yes),
+    IMPLEMENTED(SpeckledStoneTexture3D, 19, 18, yes),
     planned("HexTile", "HexTileTexture3D", 64, 3, 20, 19, no),
     planned("Spiral", "SpiralTexture3D", 44, 2, 21, 20, yes),
-    row<CheetahTexture3D>("CheetahTexture3D", 22, 21, yes),
-    row<VoronoiTileTexture3D>("VoronoiTileTexture3D", 23, 22, yes),
+    IMPLEMENTED(CheetahTexture3D, 22, 21, yes),
+    IMPLEMENTED(VoronoiTileTexture3D, 23, 22, yes),
     planned("Weave", "WeaveTexture3D", 96, 3, 24, 23, no),
     planned("Plaid", "PlaidTexture3D", 80, 1, 25, 24, no),
-    row<PsychedelicTexture3D>("PsychedelicTexture3D", 26, 25, yes),
-    row<CamouflageTexture3D>("CamouflageTexture3D", 27, 26, yes),
+    IMPLEMENTED(PsychedelicTexture3D, 26, 25, yes),
+    IMPLEMENTED(CamouflageTexture3D, 27, 26, yes),
     planned("Zigzag", "ZigzagTexture3D", 44, 1, 28, 27, no),
     planned("Corrugated", "CorrugatedTexture3D", 40, 1, 29, 28, no),
     planned("Snakeskin", "SnakeskinTexture3D", 96, 1, 30, 29, no),
     planned("Scales", "ScalesTexture3D", 124, 1, 31, 30, no),
     planned("Houndstooth", "HoundstoothTexture3D", 48, 1, 32, 31, no),
-    row<CellTexture3D>("CellTexture3D", 0, 0, no),
+    IMPLEMENTED(CellTexture3D, 0, 0, no),
     planned("Penrose Rhombus", "PenroseRhombusTexture3D", 68, 1, 0, 0, no),
 };
+
+#undef IMPLEMENTED
 
 constexpr bool inCreationOrder() {
     int next = 1;
