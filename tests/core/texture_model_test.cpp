@@ -75,20 +75,6 @@ TEST(Texture3DBase, BatchGoesThroughTheOnePointSlot) {
     EXPECT_EQ(out[2], -1.0f);
 }
 
-TEST(Texture3DBase, CopiesCarryRecordAndFlags) {
-    ConstantTexture3D a;
-    a.setConstant(0.8f);
-    a.setFlags(8);
-    a.setInteractiveUpdate(false);
-    ConstantTexture3D b(a), c;
-    c = a;
-    for (const ConstantTexture3D* t : {&b, &c}) {
-        EXPECT_EQ(t->getConstant(), 0.8f);
-        EXPECT_EQ(t->getFlags(), 8);
-        EXPECT_FALSE(t->interactiveUpdate());
-    }
-}
-
 TEST(RecordRules, FreshObjectExportsItsHead) {
     for (const Kind* kind : implementedKinds()) {
         SCOPED_TRACE(kind->name);
