@@ -45,6 +45,10 @@ struct Param {
     int decimals = 3;
     double scale = 1.0;       // slider value x scale = parameter
     bool scaleInDouble = false;  // the conversion is computed in double, then rounded to float
+    const char* objectName = nullptr;  // the editor widget's object name where it differs from `name`
+
+    // One short sentence for the reference: what the parameter does to the texture.
+    const char* description = "";
 };
 
 using ParamTable = std::span<const Param>;
