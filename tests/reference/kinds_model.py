@@ -693,6 +693,68 @@ def print_natural_kinds():
             print('  planar' if planar else '  space', p, hexf(vtiles(p, planar=planar, **full)[0]))
 
 
+def bit_string(fn, points):
+    """'0'/'1' per point for the kinds whose value is 0.0 or 1.0 (other values print '?')."""
+    return ''.join({0.0: '0', 1.0: '1'}.get(fn(q), '?') for q in points)
+
+
+def sample_grid(x0=-2.1, y0=-1.3, z=0.37, dx=0.37, dy=0.29, n=8):
+    """The 8 x 8 points, row by row (y outer), that the pattern tests sample."""
+    return [(f32(x0 + i * dx), f32(y0 + j * dy), f32(z)) for j in range(n) for i in range(n)]
+
+
+def print_pattern_kinds():
+    P = [P3(0.3, 0.7, 0.2), P3(-1.37, 0.51, 2.86), P3(2.45, -0.15, -0.8), P3(5.62, 3.41, -1.27),
+         P3(-0.62, -2.33, 0.47)]
+    G = sample_grid()
+    print('# Brick, running bond')
+    for q in [(0.3, 0.7, 0.2), (-1.37, 0.51, 2.86), (2.45, -0.15, -0.8), (5.62, 3.41, -1.27)]:
+        q = P3(*q)
+        show(f'random greys 0.1..0.9 at {q}', brick(q, rnd=True, mn=0.1, mx=0.9))
+        show(f'  with row offset amplitude 0.6', brick(q, rov=True, amp=0.6, rnd=True, mn=0.1, mx=0.9))
+    print('# Brick, herringbone random greys 0.1..0.9')
+    for q in [(0.3, 0.7, 0.2), (2.45, -0.15, -0.8), (5.62, 3.41, -1.27)]:
+        show(f'  at {q}', brick(P3(*q), pattern=0, rnd=True, mn=0.1, mx=0.9))
+    print('# Grid (bits over the sample grid; random greys at P)')
+    print('  3-D   ', bit_string(lambda q: grid(q, width=0.3), G))
+    print('  planar', bit_string(lambda q: grid(q, width=0.3, planar=True), G))
+    for q in P:
+        show(f'  random at {q}', grid(q, rnd=True))
+    print('# Stripes, width 0.4, amplitude 0.6, bits over the sample grid')
+    for st in range(7):
+        print(f'  style {st}', bit_string(lambda q: stripes(q, style=st, amp=0.6, width=0.4), G))
+    for q in [P3(0.1, 0.3, 0), P3(0.9, 0.3, 0), P3(-1.05, 2.0, 0), P3(-0.95, 2.0, 0)]:
+        show(f'  random 0.2..0.7, width 0.4, at {q}', stripes(q, rnd=True, width=0.4, mn=0.2, mx=0.7))
+    print('# Zigzag')
+    print('  plain', [zigzag(q) for q in P])
+    for q in P:
+        show(f'  random at {q}', zigzag(q, rnd=True))
+        show(f'  random, variability 5, at {q}', zigzag(q, rnd=True, var=5.0))
+    print('# Spiral, bits over the sample grid')
+    print('  defaults  ', bit_string(lambda q: spiral(q), G))
+    print('  w 0.6 r 1.3', bit_string(lambda q: spiral(q, width=0.6, rate=1.3), G))
+    print('  planar    ', bit_string(lambda q: spiral(q, width=0.6, rate=1.3, planar=True), G))
+    print('# Corrugated')
+    for st in (0, 1, 2, 3, 4, 9):
+        print(f'  style {st}', ', '.join(hexf(corrugated(x, st)) for x in (0.3, -1.37, 2.45, 0.8, -0.62)))
+
+    print('# HexTile')
+    H = sample_grid(-0.9, -0.7, 0.0, 0.113, 0.097)
+    print('  defaults   ', bit_string(lambda q: hextile(q), H))
+    print('  R 0.3, T 0.05', bit_string(lambda q: hextile(q, R=0.3, T=0.05), H))
+    for q in [P3(0.3, 0.7, 0), P3(-0.31, 0.45, 0), P3(0.52, -0.41, 0), P3(1.13, 2.2, 0)]:
+        show(f'  random 0.5..1 at {q}', hextile(q, rnd=True))
+    print('# Houndstooth (z ignored), bits over a grid')
+    T = sample_grid(-2.05, -1.95, 0.0, 0.29, 0.31, 14)
+    for pat in range(4):
+        print(f'  pattern {pat}', bit_string(lambda q: houndstooth(q, pattern=pat), T))
+    for pat in range(4):
+        vals = ', '.join(hexf(houndstooth(q, pattern=pat, rnd=True)) for q in
+                         [P3(0.3, 0.7, 0), P3(-1.37, 0.51, 0), P3(2.45, -0.15, 0), P3(1.62, 3.41, 0),
+                          P3(-0.62, -2.33, 0), P3(1.8, 1.9, 0)])
+        print(f'  randomized pattern {pat}:', vals)
+
 if __name__ == '__main__':
     print_noise_kinds()
     print_natural_kinds()
+    print_pattern_kinds()
