@@ -123,8 +123,8 @@ bool even(int32_t i) { return i % 2 == 0; }
 
 }  // namespace
 
-// The hidden thread is shaded at its argument plus 1 (dark in its middle), the upper thread
-// at its argument (bright in its middle).
+// The hidden thread, seen only between the upper thread and the cell border, is shaded at its
+// cell fraction plus 1; the upper thread at its position along its float (bright in its middle).
 float WeaveTexture3D::crossing(float fx, float fy, int32_t i, int32_t j, bool verticalOnTop, float alongX,
                                float alongY) const {
     const float hc = data_.horizontalRandomize
@@ -140,7 +140,7 @@ float WeaveTexture3D::crossing(float fx, float fy, int32_t i, int32_t j, bool ve
     if (verticalOnTop) {
         const float hIn = band(fy, data_.horizontalWidth);
         float c = (1.0f - hIn) * bg + hIn * hc;
-        if (shading && hIn == 1.0f) c = c * shade(data_.shadingHorizontalStrength, alongX + 1.0f);
+        if (shading && hIn == 1.0f) c = c * shade(data_.shadingHorizontalStrength, fx + 1.0f);
         const float vIn = band(fx, data_.verticalWidth);
         const float r = (1.0f - vIn) * c + vIn * vc;
         if (!shading || vIn != 1.0f) return r;
@@ -148,7 +148,7 @@ float WeaveTexture3D::crossing(float fx, float fy, int32_t i, int32_t j, bool ve
     }
     const float vIn = band(fx, data_.verticalWidth);
     float c = (1.0f - vIn) * bg + vIn * vc;
-    if (shading && vIn == 1.0f) c = c * shade(data_.shadingVerticalStrength, alongY + 1.0f);
+    if (shading && vIn == 1.0f) c = c * shade(data_.shadingVerticalStrength, fy + 1.0f);
     const float hIn = band(fy, data_.horizontalWidth);
     const float r = (1.0f - hIn) * c + hIn * hc;
     if (!shading || hIn != 1.0f) return r;
@@ -166,7 +166,7 @@ float WeaveTexture3D::simple(float x, float y) const {
 // at position c (0 to 3) of its block of four, counted backwards in odd blocks, so the
 // diagonals of neighbouring blocks meet in a V. The vertical thread is on top where
 // (c + j) mod 4 is 0 or 1, the horizontal one where it is 2 or 3; each thread so floats over
-// two cells, and its shading spans both (position pos = 0 or 1 within the float).
+// two cells, and the upper thread's shading spans both (pos = 0 or 1: which cell of the float).
 float WeaveTexture3D::herringbone(float x, float y) const {
     const float fy = cellFraction(y);
     const int32_t i = cellFloor(x), j = cellFloor(y);

@@ -95,8 +95,8 @@ private:
     float simple(float x, float y) const;
     float herringbone(float x, float y) const;
     // The shared thread geometry: the colour at cell fractions (fx, fy) of column i and row j
-    // with the vertical or the horizontal thread on top; alongX and alongY are the shading
-    // arguments of the threads along x and along y where they lie on top.
+    // with the vertical or the horizontal thread on top; alongX and alongY (0 to 1) are the
+    // shading arguments of the thread along x and the thread along y where it lies on top.
     float crossing(float fx, float fy, int32_t i, int32_t j, bool verticalOnTop, float alongX,
                    float alongY) const;
 };
