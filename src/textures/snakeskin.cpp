@@ -89,7 +89,7 @@ float cornerRadius(float r) {
 
 // Distance inside a corner rounded with radius r, from the distances p and q to its two edges.
 float roundedCorner(float p, float q, float r) {
-    if (!(p < r && q < r)) return r;  // outside the corner square: the straight edges decide
+    if (!(p < r && q < r)) return 1.0f;  // outside the corner square: the straight edges decide
     const float dp = r - p, dq = r - q;
     return r - std::sqrt(dp * dp + dq * dq);
 }

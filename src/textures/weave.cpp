@@ -19,7 +19,7 @@ ParamTable WeaveTexture3D::parameters() {
         {.name = "pattern", .type = FieldType::Enum, .offset = offsetof(WeaveData, pattern), .defaultValue = Simple,
          .choices = kPatternNames, .group = "Style", .label = "Pattern", .widget = Widget::Combo,
          .description = "Which thread lies on top at each crossing: alternating like a chequerboard (Simple) or in "
-                        "two-over-two diagonals that reverse every four columns (Herringbone)."},
+                        "two-over-two diagonals that reverse every eight columns (Herringbone)."},
         {.name = "backgroundColor", .type = FieldType::Float32, .offset = offsetof(WeaveData, backgroundColor),
          .defaultValue = 0.0, .group = "Colors", .label = "Background", .widget = Widget::Slider, .scale = 0.01,
          .description = "Grey of the gaps between the threads (0 to 1)."},
@@ -162,8 +162,8 @@ float WeaveTexture3D::simple(float x, float y) const {
     return crossing(fx, fy, i, j, even(i) == even(j), fx, fy);
 }
 
-// Herringbone: a two-over-two twill whose diagonal reverses every four columns. Column i sits
-// at position c (0 to 3) of its block of four, counted backwards in odd blocks, so the
+// Herringbone: a two-over-two twill whose diagonal reverses every eight columns. Column i sits
+// at position c (0 to 7) of its block of eight, counted backwards in odd blocks, so the
 // diagonals of neighbouring blocks meet in a V. The vertical thread is on top where
 // (c + j) mod 4 is 0 or 1, the horizontal one where it is 2 or 3; each thread so floats over
 // two cells, and the upper thread's shading spans both (pos = 0 or 1: which cell of the float).
@@ -171,8 +171,8 @@ float WeaveTexture3D::herringbone(float x, float y) const {
     const float fy = cellFraction(y);
     const int32_t i = cellFloor(x), j = cellFloor(y);
     const uint32_t ui = static_cast<uint32_t>(i);
-    const bool reversed = ((ui >> 2) & 1u) != 0;  // odd block of four columns
-    const uint32_t c = reversed ? 3u - (ui & 3u) : ui & 3u;
+    const bool reversed = ((ui >> 3) & 1u) != 0;  // odd block of eight columns
+    const uint32_t c = reversed ? 7u - (ui & 7u) : ui & 7u;
     const float fx = cellFraction(x);
     const float fxAlong = reversed ? 1.0f - fx : fx;  // along the thread in the direction of rising c
     const uint32_t q = (c + static_cast<uint32_t>(j)) & 3u;

@@ -165,6 +165,10 @@ TEST(Weave, HerringboneStaysInsideTheSimpleRangeAndIgnoresZ) {
     t.setPattern(WeaveTexture3D::Herringbone);
     const float column0[] = {0.75f, 0.75f, 0.25f, 0.25f, 0.75f};
     for (int j = 0; j < 5; ++j) EXPECT_EQ(valueAt(t, 0.5f, j + 0.5f, 0.0f), column0[j]) << j;
-    const float row0[] = {0.75f, 0.75f, 0.25f, 0.25f, 0.25f, 0.25f, 0.75f, 0.75f};  // c = 0 1 2 3 3 2 1 0
-    for (int i = 0; i < 8; ++i) EXPECT_EQ(valueAt(t, i + 0.5f, 0.5f, 0.0f), row0[i]) << i;
+    // Row 0 over columns 0 to 15: c = 0..7, then 7..0.
+    const float row0[] = {0.75f, 0.75f, 0.25f, 0.25f, 0.75f, 0.75f, 0.25f, 0.25f,
+                          0.25f, 0.25f, 0.75f, 0.75f, 0.25f, 0.25f, 0.75f, 0.75f};
+    for (int i = 0; i < 16; ++i) EXPECT_EQ(valueAt(t, i + 0.5f, 0.5f, 0.0f), row0[i]) << i;
+    EXPECT_EQ(valueAt(t, -0.5f, 0.5f, 0.0f), 0.75f);  // column -1: c = 0 of the block -8..-1 counted backwards
+    EXPECT_EQ(valueAt(t, -2.5f, 0.5f, 0.0f), 0.25f);  // column -3: c = 2
 }

@@ -1,6 +1,6 @@
 // "Weave": woven cloth in the x-y plane. Horizontal threads run along x, one per unit row,
 // vertical threads along y, one per unit column; at each crossing one thread lies on top,
-// alternating like a chequerboard ("Simple") or along diagonals that reverse every four
+// alternating like a chequerboard ("Simple") or along diagonals that reverse every eight
 // columns ("Herringbone"). Optional shading makes the threads pass over and under. z is never
 // read. Records of major version 2 (92 bytes) are migrated.
 #pragma once
