@@ -120,12 +120,14 @@ float SnakeskinTexture3D::evaluate(const float* p) const {
     const float halfLine = data_.gridWidth * 0.5f;
     if (!(e > halfLine)) return 0.0f;  // on the skin between scales (also for undefined values)
 
-    // The scale: its grey, domed by a gentle darkening towards its sides, and mottled.
+    // The scale: its grey, domed by a gentle darkening towards its sides, lit towards its free
+    // end (the right corner; the left one tucks under the scales before it), and mottled.
     float c = data_.randomizeColors
                   ? data_.minColor + (data_.maxColor - data_.minColor) *
                                          cellRandom2(static_cast<float>(i) + 0.5f, static_cast<float>(k) + 0.5f)
                   : 1.0f;
     c = c * (0.7f + 0.3f * smoothStep01((e - halfLine) * 5.0f));
+    c = c * (0.75f + 0.25f * clamp01((fa + fb) * 0.5f));
     if (data_.scaleNoiseAdd) {
         const float n = octaveSum(p, data_.scaleNoiseDetail, true, data_.scaleNoiseOctaves,
                                   data_.scaleNoiseLacunarity, data_.scaleNoiseGain, [](float v) { return v; });

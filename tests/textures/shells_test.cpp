@@ -23,6 +23,15 @@ TEST(Spheres, HollownessCutsTheInnerBall) {
     EXPECT_EQ(valueAt(t, 0.7f, 0.5f, 0.5f), 0.0f);   // distance 0.2: on the shell
     EXPECT_EQ(valueAt(t, 0.7f, 0.6f, 0.55f), 0.0f);
     EXPECT_EQ(valueAt(t, 0.5f, 0.5f, 0.6f), 1.0f);   // distance 0.1 < 0.125
+    // The inner bound is hollowness^2 x size^2, as (h x h) x (R x R): points found with the
+    // reference model where (h x R)^2, or h^2 x R x R, would round to a different side.
+    t.setSphereSize(0.18f);
+    t.setHollowness(0.83f);
+    EXPECT_EQ(valueAt(t, 0.6494f, 0.5f, 0.5f), 1.0f);  // (h R)^2 would put it on the shell
+    t.setSphereSize(0.4f);
+    t.setHollowness(0.15f);
+    EXPECT_EQ(valueAt(t, 0.56f, 0.5f, 0.5f), 1.0f);
+    t.setSphereSize(0.25f);
     t.setHollowness(1.0f);                          // only the sphere itself
     EXPECT_EQ(valueAt(t, 0.5f, 0.5f, 0.75f), 0.0f);
     EXPECT_EQ(valueAt(t, 0.5f, 0.5f, 0.74f), 1.0f);
