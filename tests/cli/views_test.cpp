@@ -9,6 +9,13 @@
 #include <iterator>
 #include <string>
 
+#include <png.h>
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+#include <vector>
+
 #include "grainsmith/version.h"
 
 namespace fs = std::filesystem;
@@ -35,6 +42,17 @@ PngHeader header(const std::string& png) {
                (unsigned(uint8_t(png[at + 2])) << 8) | unsigned(uint8_t(png[at + 3]));
     };
     return png.size() > 26 ? PngHeader{be32(16), be32(20), unsigned(uint8_t(png[25]))} : PngHeader{0, 0, 99};
+}
+
+// The grey pixels of a PNG, row by row from the top; empty when it cannot be read.
+std::vector<uint8_t> greyPixels(const std::string& path) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_file(&image, path.c_str())) return {};
+    image.format = PNG_FORMAT_GRAY;
+    std::vector<uint8_t> pixels(PNG_IMAGE_SIZE(image));
+    if (!png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr)) return {};
+    return pixels;
 }
 
 class Views : public ::testing::Test {
@@ -72,6 +90,8 @@ TEST_F(Views, OptionsTakeAttachedValuesAndKindNamesIgnoreCase) {
 }
 
 TEST_F(Views, VersionComesFromTheProject) {
+    ASSERT_EQ(run("docs --help").status, 0);
+    EXPECT_NE(lastOut.find("usage: grainsmith docs -o DIR"), std::string::npos);
     ASSERT_EQ(run("--version").status, 0);
     EXPECT_EQ(lastOut.substr(0, lastOut.find('\n')), std::string("grainsmith ") + GRAINSMITH_VERSION_STRING);
 }
@@ -85,6 +105,29 @@ TEST_F(Views, ThreadCountNeverChangesThePicture) {
         EXPECT_EQ(one, contents(file("three.png"))) << view;
         EXPECT_EQ(header(one).width, 40u);
         EXPECT_EQ(header(one).height, 24u);
+    }
+}
+
+TEST_F(Views, SlicePixelsShowTheirPlanesPoints) {
+    // 2 x 2 pixels over [0, 1]: centres at 0.25 and 0.75, the second image axis upwards, the
+    // offset on the third axis. Each pixel must be the value eval gives at that point.
+    const std::string points = file("points");
+    std::ofstream(points) << "0.25 0.75 0.4\n0.75 0.25 0.4\n"   // xy: top-left, bottom-right
+                          << "0.25 0.4 0.75\n0.75 0.4 0.25\n"   // xz
+                          << "0.4 0.25 0.75\n0.4 0.75 0.25\n";  // yz
+    ASSERT_EQ(run("eval Wood --points " + points).status, 0);
+    std::vector<int> expected;
+    std::istringstream values(lastOut);
+    for (float v; values >> v;) expected.push_back(static_cast<int>(std::lround(std::clamp(v, 0.0f, 1.0f) * 255.0f)));
+    ASSERT_EQ(expected.size(), 6u);
+    int n = 0;
+    for (const char* plane : {"xy", "xz", "yz"}) {
+        ASSERT_EQ(run(std::string("render Wood --size 2 --extent 1 --offset 0.4 --plane ") + plane + " -o " +
+                      file("p.png")).status, 0);
+        const std::vector<uint8_t> px = greyPixels(file("p.png"));
+        ASSERT_EQ(px.size(), 4u);
+        EXPECT_EQ(px[0], expected[n++]) << plane << " top-left";
+        EXPECT_EQ(px[3], expected[n++]) << plane << " bottom-right";
     }
 }
 

@@ -17,8 +17,8 @@ const char* const kViewOptionsHelp =
     "  --size N | WxH        image size in pixels (N x N, or W wide and H high)\n"
     "  --extent E            texture units across the image's width (slice) or the object\n"
     "                        (default 4)\n"
-    "  --plane xy|xz|yz      the image's two axes (default xy); the third axis is the\n"
-    "                        offset's, and the one the viewer looks along\n"
+    "  --plane xy|xz|yz      the image's axes, first to the right, second upwards (default\n"
+    "                        xy); the viewer looks along the third\n"
     "  --z Z, --offset Z     the slice's position on the third axis, or the object's centre\n"
     "                        (default 0)\n"
     "  --view slice|sphere|cube\n"
@@ -159,11 +159,13 @@ struct Sample {
     float light;
 };
 
-// Object coordinates (u, v along the image, w towards the viewer) to texture coordinates.
+// Object coordinates (u to the right, v upwards, w towards the viewer) to texture coordinates:
+// w is always the third axis itself, so the offset is that axis's coordinate (for xz this
+// makes the picture the mirror image of a view from +y, which a texture picture can afford).
 void toTexture(const ViewOptions& view, double u, double v, double w, float out[3]) {
     switch (view.plane) {
     case Plane::XY: out[0] = static_cast<float>(u), out[1] = static_cast<float>(v), out[2] = static_cast<float>(w); break;
-    case Plane::XZ: out[0] = static_cast<float>(u), out[1] = static_cast<float>(-w), out[2] = static_cast<float>(v); break;
+    case Plane::XZ: out[0] = static_cast<float>(u), out[1] = static_cast<float>(w), out[2] = static_cast<float>(v); break;
     case Plane::YZ: out[0] = static_cast<float>(w), out[1] = static_cast<float>(u), out[2] = static_cast<float>(v); break;
     }
 }
