@@ -27,6 +27,12 @@ cmake -S "$work/examples" -B "$work/cmake-build" -G Ninja -DCMAKE_PREFIX_PATH="$
   -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
 cmake --build "$work/cmake-build" >/dev/null
 plugin=$(find "$prefix" -name libgrainsmith.so)
+# The C interface of kinds.h lives in the core library; the plug-in exports only its entries.
+if nm -D --defined-only "$plugin" | grep -w 'grainsmith_[a-z_]*'; then
+  echo "error: the plug-in exports the core's C interface" >&2
+  exit 1
+fi
+nm -D --defined-only "$(find "$prefix" -name 'libgrainsmith_core.so.*.*.*')" | grep -qw grainsmith_default_record
 "$work/cmake-build/c_host" "$plugin" "$work/wood.rec"
 "$work/cmake-build/cpp_user" >/dev/null
 
