@@ -10,15 +10,20 @@ ParamTable CamouflageTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "frequency", .type = FieldType::Float32, .offset = offsetof(CamouflageData, frequency),
          .defaultValue = 0.6, .group = "Pattern", .label = "Frequency", .widget = Widget::DoubleSpin,
-         .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3},
+         .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3,
+         .description = "Frequency of the warped noise: higher values give smaller blobs."},
         {.name = "threshold", .type = FieldType::Float32, .offset = offsetof(CamouflageData, threshold),
-         .defaultValue = 0.2, .group = "Pattern", .label = "Threshold", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.2, .group = "Pattern", .label = "Threshold", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Noise magnitude above which a layer's blob shows; 1 or more leaves only the base colour."},
         {.name = "baseColor", .type = FieldType::Float32, .offset = offsetof(CamouflageData, baseColor),
-         .defaultValue = 1.0, .group = "Colors", .label = "Base", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 1.0, .group = "Colors", .label = "Base", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Grey where neither layer has a blob."},
         {.name = "layer1Color", .type = FieldType::Float32, .offset = offsetof(CamouflageData, layer1Color),
-         .defaultValue = 0.8, .group = "Colors", .label = "Layer 1", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.8, .group = "Colors", .label = "Layer 1", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Grey of the small blobs of the upper layer."},
         {.name = "layer2Color", .type = FieldType::Float32, .offset = offsetof(CamouflageData, layer2Color),
-         .defaultValue = 0.3, .group = "Colors", .label = "Layer 2", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.3, .group = "Colors", .label = "Layer 2", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Grey of the large blobs of the lower layer."},
     };
     return table;
 }

@@ -14,12 +14,15 @@ ParamTable CellTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "scale", .type = FieldType::Float32, .offset = offsetof(CellData, scale), .defaultValue = 4.0,
          .group = "Cell Noise", .label = "Scale", .widget = Widget::DoubleSpin, .minimum = 0.001, .maximum = 99.99,
-         .step = 0.1, .decimals = 3},
+         .step = 0.1, .decimals = 3,
+         .description = "Factor applied to the point: more cells per unit as it grows."},
         {.name = "type", .type = FieldType::Enum, .offset = offsetof(CellData, type), .defaultValue = 0,
-         .choices = Voronoi::kTypeNames, .group = "Cell Noise", .label = "Type", .widget = Widget::Hidden},
+         .choices = Voronoi::kTypeNames, .group = "Cell Noise", .label = "Type", .widget = Widget::Hidden,
+         .description = "Which feature distances make the value (nearest, second nearest, their difference, ...)."},
         {.name = "distanceMethod", .type = FieldType::Enum, .offset = offsetof(CellData, distanceMethod),
          .defaultValue = 0, .choices = kWorleyDistanceNames, .group = "Cell Noise", .label = "Method",
-         .widget = Widget::Hidden},
+         .widget = Widget::Hidden,
+         .description = "How the distance to a feature point is measured."},
     };
     return table;
 }

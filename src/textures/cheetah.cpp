@@ -11,13 +11,16 @@ namespace grainsmith {
 ParamTable CheetahTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "spotSize", .type = FieldType::Float32, .offset = offsetof(CheetahData, spotSize),
-         .defaultValue = 0.4, .group = "Spots", .label = "Spot Size", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.4, .group = "Spots", .label = "Spot Size", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Radius of the spots relative to their unit cell."},
         {.name = "layoutVariability", .type = FieldType::Float32, .offset = offsetof(CheetahData, layoutVariability),
          .defaultValue = 0.6, .group = "Spots", .label = "Layout Variability", .widget = Widget::Slider,
-         .scale = 0.01},
+         .scale = 0.01,
+         .description = "Jitter of the spot centres away from the cell centres (0: a regular grid)."},
         {.name = "spotVariability", .type = FieldType::Float32, .offset = offsetof(CheetahData, spotVariability),
          .defaultValue = 0.5, .group = "Spots", .label = "Spot Variability", .widget = Widget::Slider,
-         .scale = 0.01},
+         .scale = 0.01,
+         .description = "Amplitude of the noise that makes the spots' outlines irregular."},
     };
     return table;
 }

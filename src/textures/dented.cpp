@@ -9,10 +9,12 @@ ParamTable DentedTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "magnitude", .type = FieldType::Float32, .offset = offsetof(DentedData, magnitude),
          .defaultValue = 5.0, .group = "Dents", .label = "Magnitude", .widget = Widget::DoubleSpin,
-         .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3},
+         .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3,
+         .description = "Factor applied to the cubed noise sum: deeper dents as it grows."},
         {.name = "scale", .type = FieldType::Float32, .offset = offsetof(DentedData, scale), .defaultValue = 5.0,
          .group = "Dents", .label = "Scale", .widget = Widget::DoubleSpin, .minimum = 0.001, .maximum = 99.99,
-         .step = 0.1, .decimals = 3},
+         .step = 0.1, .decimals = 3,
+         .description = "Factor applied to the point: smaller, denser dents as it grows."},
     };
     return table;
 }

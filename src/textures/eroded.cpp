@@ -8,10 +8,12 @@ ParamTable ErodedTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "magnitude", .type = FieldType::Float32, .offset = offsetof(ErodedData, magnitude),
          .defaultValue = 0.3, .group = "Erosion", .label = "Magnitude", .widget = Widget::DoubleSpin,
-         .minimum = 0.0, .maximum = 99.99, .step = 0.01, .decimals = 3},
+         .minimum = 0.0, .maximum = 99.99, .step = 0.01, .decimals = 3,
+         .description = "Factor applied to the cubed noise sum: fewer, smaller pits as it grows."},
         {.name = "scale", .type = FieldType::Float32, .offset = offsetof(ErodedData, scale), .defaultValue = 1.0,
          .group = "Erosion", .label = "Scale", .widget = Widget::DoubleSpin, .minimum = 0.001, .maximum = 99.99,
-         .step = 0.1, .decimals = 3},
+         .step = 0.1, .decimals = 3,
+         .description = "Factor applied to the point: smaller, denser pits as it grows."},
     };
     return table;
 }

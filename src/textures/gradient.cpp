@@ -9,11 +9,14 @@ namespace grainsmith {
 ParamTable GradientTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "xDir", .type = FieldType::Bool, .offset = offsetof(GradientData, xDir), .defaultValue = 1,
-         .group = "Direction", .label = "X", .widget = Widget::Toggle},
+         .group = "Direction", .label = "X", .widget = Widget::Toggle,
+         .description = "Ramps along the x axis."},
         {.name = "yDir", .type = FieldType::Bool, .offset = offsetof(GradientData, yDir), .defaultValue = 1,
-         .group = "Direction", .label = "Y", .widget = Widget::Toggle},
+         .group = "Direction", .label = "Y", .widget = Widget::Toggle,
+         .description = "Ramps along the y axis."},
         {.name = "zDir", .type = FieldType::Bool, .offset = offsetof(GradientData, zDir), .defaultValue = 1,
-         .group = "Direction", .label = "Z", .widget = Widget::Toggle},
+         .group = "Direction", .label = "Z", .widget = Widget::Toggle,
+         .description = "Ramps along the z axis."},
     };
     return table;
 }

@@ -11,11 +11,13 @@ namespace grainsmith {
 ParamTable GraniteTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "octaves", .type = FieldType::Int32, .offset = offsetof(GraniteData, octaves), .defaultValue = 6,
-         .group = "Granite", .label = "Octaves", .widget = Widget::IntSpin, .minimum = 1, .maximum = 16},
+         .group = "Granite", .label = "Octaves", .widget = Widget::IntSpin, .minimum = 1, .maximum = 16,
+         .description = "Number of folded noise octaves summed; more octaves add finer grain."},
         // An integer widget whose value is the frequency itself.
         {.name = "frequency", .type = FieldType::Float32, .offset = offsetof(GraniteData, frequency),
          .defaultValue = 1, .group = "Granite", .label = "Frequency", .widget = Widget::IntSpin, .minimum = 1,
-         .maximum = 64},
+         .maximum = 64,
+         .description = "Frequency of the first octave: finer grain as it grows."},
     };
     return table;
 }

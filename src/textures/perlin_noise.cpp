@@ -9,14 +9,17 @@ namespace grainsmith {
 ParamTable PerlinTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "octaves", .type = FieldType::Int32, .offset = offsetof(PerlinData, octaves), .defaultValue = 4,
-         .group = "Noise", .label = "Octaves", .widget = Widget::IntSpin, .minimum = 1, .maximum = 16},
+         .group = "Noise", .label = "Octaves", .widget = Widget::IntSpin, .minimum = 1, .maximum = 16,
+         .description = "Number of noise octaves summed; more octaves add finer detail."},
         // An integer widget whose value is the frequency itself.
         {.name = "frequency", .type = FieldType::Float32, .offset = offsetof(PerlinData, frequency),
          .defaultValue = 4, .group = "Noise", .label = "Frequency", .widget = Widget::IntSpin, .minimum = 1,
-         .maximum = 64},
+         .maximum = 64,
+         .description = "Frequency of the first octave: finer features as it grows."},
         {.name = "amplitude", .type = FieldType::Float32, .offset = offsetof(PerlinData, amplitude),
          .defaultValue = 1, .group = "Noise", .label = "Amplitude", .widget = Widget::Slider, .scale = 0.01,
-         .scaleInDouble = true},
+         .scaleInDouble = true,
+         .description = "Amplitude of the first octave: more contrast as it grows."},
     };
     return table;
 }

@@ -9,11 +9,14 @@ ParamTable PsychedelicTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "frequency", .type = FieldType::Float32, .offset = offsetof(PsychedelicData, frequency),
          .defaultValue = 1.0, .group = "Pattern", .label = "Frequency", .widget = Widget::DoubleSpin,
-         .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3},
+         .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3,
+         .description = "Frequency of the noise that bends the grid: wilder swirls as it grows."},
         {.name = "minColor", .type = FieldType::Float32, .offset = offsetof(PsychedelicData, minColor),
-         .defaultValue = 0.0, .group = "Colors", .label = "Minimum", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.0, .group = "Colors", .label = "Minimum", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Lowest grey a cell can take."},
         {.name = "maxColor", .type = FieldType::Float32, .offset = offsetof(PsychedelicData, maxColor),
-         .defaultValue = 1.0, .group = "Colors", .label = "Maximum", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 1.0, .group = "Colors", .label = "Maximum", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Highest grey a cell can take."},
     };
     return table;
 }

@@ -10,10 +10,12 @@ ParamTable SimpleMarbleTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "octaves", .type = FieldType::Int32, .offset = offsetof(SimpleMarbleData, octaves),
          .defaultValue = 4, .group = "Marble", .label = "Octaves", .widget = Widget::IntSpin, .minimum = 1,
-         .maximum = 16},
+         .maximum = 16,
+         .description = "Number of noise terms in the veins' perturbation; more add finer veining."},
         {.name = "textureScale", .type = FieldType::Float32, .offset = offsetof(SimpleMarbleData, textureScale),
          .defaultValue = 2.5, .group = "Marble", .label = "Texture Scale", .widget = Widget::DoubleSpin,
-         .minimum = 0, .maximum = 99.99, .step = 0.1, .decimals = 3},
+         .minimum = 0, .maximum = 99.99, .step = 0.1, .decimals = 3,
+         .description = "Factor applied to the point: narrower, denser veins as it grows."},
     };
     return table;
 }

@@ -9,7 +9,8 @@ ParamTable SimplexTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "scale", .type = FieldType::Float32, .offset = offsetof(SimplexData, scale), .defaultValue = 4,
          .group = "Noise", .label = "Scale", .widget = Widget::DoubleSpin, .minimum = 0, .maximum = 99.99,
-         .step = 0.1, .decimals = 3},
+         .step = 0.1, .decimals = 3,
+         .description = "Factor applied to the point: finer features as it grows."},
     };
     return table;
 }

@@ -10,17 +10,22 @@ ParamTable SpeckledStoneTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "scale", .type = FieldType::Float32, .offset = offsetof(SpeckledStoneData, scale),
          .defaultValue = 0.02, .group = "Speckles", .label = "Scale", .widget = Widget::DoubleSpin,
-         .minimum = 0.001, .maximum = 99.99, .step = 0.001, .decimals = 3},
+         .minimum = 0.001, .maximum = 99.99, .step = 0.001, .decimals = 3,
+         .description = "Factor applied to the point: finer speckles as it grows."},
         {.name = "nShades", .type = FieldType::Int32, .offset = offsetof(SpeckledStoneData, nShades),
          .defaultValue = 4, .group = "Speckles", .label = "Shades", .widget = Widget::IntSpin, .minimum = 1,
-         .maximum = 99},
+         .maximum = 99,
+         .description = "Number of grey steps the speckles are quantised into."},
         {.name = "exponent", .type = FieldType::Int32, .offset = offsetof(SpeckledStoneData, exponent),
          .defaultValue = 2, .group = "Speckles", .label = "Exponent", .widget = Widget::IntSpin, .minimum = 0,
-         .maximum = 99},
+         .maximum = 99,
+         .description = "Power applied to the noise: sparser, sharper speckles as it grows."},
         {.name = "baseColor", .type = FieldType::Float32, .offset = offsetof(SpeckledStoneData, baseColor),
-         .defaultValue = 0.0, .group = "Colors", .label = "Base", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.0, .group = "Colors", .label = "Base", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Grey of the stone between the speckles."},
         {.name = "grainColor", .type = FieldType::Float32, .offset = offsetof(SpeckledStoneData, grainColor),
-         .defaultValue = 0.5, .group = "Colors", .label = "Grain", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.5, .group = "Colors", .label = "Grain", .widget = Widget::Slider, .scale = 0.01,
+         .description = "Grey the brightest speckles reach."},
     };
     return table;
 }

@@ -12,21 +12,27 @@ ParamTable WoodTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "ringScale", .type = FieldType::Float32, .offset = offsetof(WoodData, ringScale), .defaultValue = 6,
          .group = "Rings", .label = "Ring Scale", .widget = Widget::DoubleSpin, .minimum = 0, .maximum = 99.99,
-         .step = 0.1, .decimals = 3},
+         .step = 0.1, .decimals = 3,
+         .description = "Rings per unit of radius: more, narrower rings as it grows."},
         {.name = "octaves", .type = FieldType::Int32, .offset = offsetof(WoodData, octaves), .defaultValue = 1,
-         .group = "Noise", .label = "Octaves", .widget = Widget::IntSpin, .minimum = 1, .maximum = 16},
+         .group = "Noise", .label = "Octaves", .widget = Widget::IntSpin, .minimum = 1, .maximum = 16,
+         .description = "Number of noise octaves that perturb the rings."},
         // An integer widget whose value is the frequency itself; 0 switches the noise off.
         {.name = "frequency", .type = FieldType::Float32, .offset = offsetof(WoodData, frequency), .defaultValue = 1,
-         .group = "Noise", .label = "Frequency", .widget = Widget::IntSpin, .minimum = 0, .maximum = 64},
+         .group = "Noise", .label = "Frequency", .widget = Widget::IntSpin, .minimum = 0, .maximum = 64,
+         .description = "Frequency of the ring perturbation; 0 switches it off (perfect circles)."},
         {.name = "amplitude", .type = FieldType::Float32, .offset = offsetof(WoodData, amplitude),
          .defaultValue = 0.1, .group = "Noise", .label = "Amplitude", .widget = Widget::Slider, .scale = 0.01,
-         .scaleInDouble = true},
+         .scaleInDouble = true,
+         .description = "Strength of the ring perturbation."},
         {.name = "darkColor", .type = FieldType::Float32, .offset = offsetof(WoodData, darkColor),
          .defaultValue = 0.1, .group = "Colors", .label = "Dark", .widget = Widget::Slider, .scale = 0.01,
-         .scaleInDouble = true},
+         .scaleInDouble = true,
+         .description = "Grey of the dark part of each ring."},
         {.name = "lightColor", .type = FieldType::Float32, .offset = offsetof(WoodData, lightColor),
          .defaultValue = 0.5, .group = "Colors", .label = "Light", .widget = Widget::Slider, .scale = 0.01,
-         .scaleInDouble = true},
+         .scaleInDouble = true,
+         .description = "Grey of the light part of each ring."},
     };
     return table;
 }

@@ -22,18 +22,21 @@ inline constexpr int kInputExit = 1;    // a file or value is wrong or unreadabl
 [[noreturn]] inline void usageError(const std::string& m) { throw Failure(kUsageExit, m); }
 [[noreturn]] inline void inputError(const std::string& m) { throw Failure(kInputExit, m); }
 
-// Walks the arguments of one subcommand.
+// Walks the arguments of one subcommand. "--opt=value" is taken as "--opt value"; a value
+// attached that way to an option that takes none is an error.
 class Args {
 public:
-    explicit Args(std::span<char* const> args) : args_(args) {}
-    bool done() const { return pos_ >= args_.size(); }
-    std::string_view peek() const { return args_[pos_]; }
-    std::string_view next() { return args_[pos_++]; }
+    explicit Args(std::span<char* const> args);
+    bool done() const { return pos_ >= tokens_.size(); }
+    // The next argument; fails when it is a value attached to the option before it.
+    std::string_view peek() const;
+    std::string_view next() { return tokens_[pos_++]; }
     // The value of an option such as "-o FILE"; fails when it is missing.
     std::string value(std::string_view option);
 
 private:
-    std::span<char* const> args_;
+    std::vector<std::string> tokens_;
+    std::vector<bool> attached_;  // the token came after '=' in "--opt=value"
     size_t pos_ = 0;
 };
 

@@ -12,5 +12,11 @@ int showCommand(std::span<char* const> args);
 int evalCommand(std::span<char* const> args);
 int renderCommand(std::span<char* const> args);
 int galleryCommand(std::span<char* const> args);
+int docsCommand(std::span<char* const> args);
+
+struct ViewOptions;
+struct RgbImage;
+// One labelled tile per implemented kind with its defaults, at most maxColumns per row.
+RgbImage renderGallery(const ViewOptions& view, int maxColumns);
 
 }  // namespace grainsmith::cli

@@ -170,8 +170,10 @@ void pngWrite(png_structp png, png_bytep data, size_t length) {
 
 void pngFlush(png_structp) {}
 
-// Encodes the image into sink.fd. On failure sink.message says why.
-bool encodePng(const GreyImage& image, PngSink& sink) {
+// Encodes width x height pixels of `channels` bytes each (1 grey, 3 RGB) into sink.fd. The
+// encoder's settings are fixed and no time or text chunk is written, so the same pixels
+// always give the same bytes. On failure sink.message says why.
+bool encodePng(int width, int height, int channels, const uint8_t* pixels, PngSink& sink) {
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, &sink, pngFailed, pngWarning);
     if (png == nullptr) {
         std::snprintf(sink.message, sizeof sink.message, "out of memory");
@@ -188,15 +190,28 @@ bool encodePng(const GreyImage& image, PngSink& sink) {
         return false;
     }
     png_set_write_fn(png, &sink, pngWrite, pngFlush);
-    png_set_IHDR(png, info, static_cast<png_uint_32>(image.width), static_cast<png_uint_32>(image.height), 8,
-                 PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_set_compression_level(png, 9);
+    png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_ALL_FILTERS);
+    png_set_IHDR(png, info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height), 8,
+                 channels == 3 ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE,
+                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     png_write_info(png, info);
-    for (int y = 0; y < image.height; ++y) {
-        png_write_row(png, image.pixels.data() + static_cast<size_t>(y) * static_cast<size_t>(image.width));
-    }
+    const size_t stride = static_cast<size_t>(width) * static_cast<size_t>(channels);
+    for (int y = 0; y < height; ++y) png_write_row(png, pixels + static_cast<size_t>(y) * stride);
     png_write_end(png, nullptr);
     png_destroy_write_struct(&png, &info);
     return true;
+}
+
+bool writeEncoded(int width, int height, int channels, const uint8_t* pixels, const std::string& path,
+                  std::string& error) {
+    return writeAtomically(
+        path,
+        [&](int fd) -> std::string {
+            PngSink sink{fd, {}};
+            return encodePng(width, height, channels, pixels, sink) ? std::string() : std::string(sink.message);
+        },
+        error);
 }
 
 }  // namespace
@@ -270,13 +285,39 @@ bool writePng(const GreyImage& image, const std::string& path, std::string& erro
     if (!isConsistent(image)) return fail("the pixel buffer does not match the image size");
     if (image.width == 0 || image.height == 0) return fail("the image is empty");
 
-    return writeAtomically(
-        path,
-        [&](int fd) -> std::string {
-            PngSink sink{fd, {}};
-            return encodePng(image, sink) ? std::string() : std::string(sink.message);
-        },
-        error);
+    return writeEncoded(image.width, image.height, 1, image.pixels.data(), path, error);
+}
+
+RgbImage toRgb(const GreyImage& image) {
+    RgbImage rgb{image.width, image.height, {}};
+    rgb.pixels.reserve(image.pixels.size() * 3);
+    for (const uint8_t g : image.pixels) rgb.pixels.insert(rgb.pixels.end(), {g, g, g});
+    return rgb;
+}
+
+void blit(RgbImage& dst, const RgbImage& src, int x, int y) {
+    for (int row = std::max(0, -y); row < src.height && y + row < dst.height; ++row) {
+        for (int col = std::max(0, -x); col < src.width && x + col < dst.width; ++col) {
+            const size_t from = (static_cast<size_t>(row) * src.width + col) * 3;
+            const size_t to = (static_cast<size_t>(y + row) * dst.width + (x + col)) * 3;
+            std::copy_n(src.pixels.begin() + from, 3, dst.pixels.begin() + to);
+        }
+    }
+}
+
+bool writePng(const RgbImage& image, const std::string& path, std::string& error) {
+    if (image.width <= 0 || image.height <= 0 ||
+        image.pixels.size() != static_cast<size_t>(image.width) * static_cast<size_t>(image.height) * 3) {
+        error = "cannot write '" + path + "': the image is empty or inconsistent";
+        return false;
+    }
+    bool grey = true;
+    for (size_t i = 0; grey && i < image.pixels.size(); i += 3)
+        grey = image.pixels[i] == image.pixels[i + 1] && image.pixels[i] == image.pixels[i + 2];
+    if (!grey) return writeEncoded(image.width, image.height, 3, image.pixels.data(), path, error);
+    GreyImage g = makeImage(image.width, image.height);
+    for (size_t i = 0; i < g.pixels.size(); ++i) g.pixels[i] = image.pixels[3 * i];
+    return writePng(g, path, error);
 }
 
 }  // namespace grainsmith::cli

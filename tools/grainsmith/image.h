@@ -52,4 +52,19 @@ int textHeight(int scale = 1);
 // path and the cause.
 bool writePng(const GreyImage& image, const std::string& path, std::string& error);
 
+// Row-major, three bytes (red, green, blue) per pixel.
+struct RgbImage {
+    int width = 0;
+    int height = 0;
+    std::vector<uint8_t> pixels;
+};
+
+RgbImage toRgb(const GreyImage& image);
+
+// Copies src into dst with its top-left corner at (x, y), clipped to dst.
+void blit(RgbImage& dst, const RgbImage& src, int x, int y);
+
+// As for grey images; an image whose every pixel is grey is written as a grey PNG.
+bool writePng(const RgbImage& image, const std::string& path, std::string& error);
+
 }  // namespace grainsmith::cli

@@ -5,6 +5,7 @@
 
 #include "cli.h"
 #include "commands.h"
+#include "grainsmith/version.h"
 
 namespace {
 
@@ -19,9 +20,15 @@ constexpr Command kCommands[] = {
     {"record", "write a description record of one kind", grainsmith::cli::recordCommand},
     {"show", "decode a description record into name = value lines", grainsmith::cli::showCommand},
     {"eval", "evaluate a texture at points read from standard input or a file", grainsmith::cli::evalCommand},
-    {"render", "render one planar slice of a texture as a grey PNG", grainsmith::cli::renderCommand},
+    {"render", "render a texture as a PNG: a slice, or on a lit sphere or cube", grainsmith::cli::renderCommand},
     {"gallery", "render every implemented kind with its defaults into one PNG", grainsmith::cli::galleryCommand},
+    {"docs", "write the reference of the kinds (Markdown pages with pictures)", grainsmith::cli::docsCommand},
 };
+
+// "grainsmith VERSION" on the first line; further lines describe the build.
+void printVersion() {
+    std::printf("grainsmith %s\n", GRAINSMITH_VERSION_STRING);
+}
 
 void printHelp(std::FILE* to) {
     std::fprintf(to,
@@ -29,7 +36,7 @@ void printHelp(std::FILE* to) {
                  "Solid procedural textures: build, inspect, evaluate and render description records.\n\n"
                  "commands:\n");
     for (const Command& c : kCommands) std::fprintf(to, "  %-8s %s\n", c.name, c.summary);
-    std::fprintf(to, "\n'grainsmith COMMAND --help' describes one command.\n");
+    std::fprintf(to, "\n'grainsmith COMMAND --help' describes one command; 'grainsmith --version' prints the version.\n");
 }
 
 }  // namespace
@@ -40,6 +47,10 @@ int main(int argc, char** argv) {
         return grainsmith::cli::kUsageExit;
     }
     const std::string_view name = argv[1];
+    if (name == "--version" || name == "-V") {
+        printVersion();
+        return 0;
+    }
     if (name == "-h" || name == "--help" || name == "help") {
         printHelp(stdout);
         return 0;

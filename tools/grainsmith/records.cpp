@@ -143,10 +143,24 @@ float parseFloat(std::string_view option, std::string_view text) {
     return static_cast<float>(v);
 }
 
+// The kind a user means: the exact display name, or else the one name equal to it without
+// regard to case (catalogue names never differ by case alone, but a clash is reported).
+const Kind* matchKind(std::string_view name) {
+    if (const Kind* exact = findKind(name)) return exact;
+    const Kind* found = nullptr;
+    for (const Kind& k : catalogue()) {
+        if (!equalsIgnoringCase(name, k.name)) continue;
+        if (found) usageError("kind name '" + std::string(name) + "' is ambiguous: '" + found->name + "' or '" +
+                              k.name + "'");
+        found = &k;
+    }
+    return found;
+}
+
 const Kind& implementedKind(std::string_view name) {
-    const Kind* kind = findKind(name);
+    const Kind* kind = matchKind(name);
     if (!kind) usageError("unknown kind '" + std::string(name) + "'; the kinds are: " + joinKindNames());
-    if (!kind->implemented()) inputError("kind '" + std::string(name) + "' is not implemented yet");
+    if (!kind->implemented()) inputError("kind '" + std::string(kind->name) + "' is not implemented yet");
     return *kind;
 }
 

@@ -1,0 +1,32 @@
+# Install rules: headers, the core (shared with a SONAME, and static), the plug-in, the tool,
+# a CMake package (find_package(Grainsmith CONFIG) gives Grainsmith::core, ::core_static and
+# ::plugin) and a pkg-config file (grainsmith.pc).
+include(CMakePackageConfigHelpers)
+
+set(GRAINSMITH_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Grainsmith)
+
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/grainsmith ${PROJECT_BINARY_DIR}/generated/grainsmith
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
+
+install(TARGETS grainsmith_core_shared grainsmith_core grainsmith EXPORT GrainsmithTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+if(TARGET grainsmith_cli)
+  install(TARGETS grainsmith_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+
+install(EXPORT GrainsmithTargets NAMESPACE Grainsmith:: DESTINATION ${GRAINSMITH_CMAKE_DIR})
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/GrainsmithConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/GrainsmithConfig.cmake INSTALL_DESTINATION ${GRAINSMITH_CMAKE_DIR})
+# 0.x releases are compatible only within the same minor version.
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/GrainsmithConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/GrainsmithConfig.cmake ${PROJECT_BINARY_DIR}/GrainsmithConfigVersion.cmake
+        DESTINATION ${GRAINSMITH_CMAKE_DIR})
+
+# pkg-config: the prefix is found relative to the file itself, so the installed tree can move
+# (cmake --install --prefix chooses it after configuration).
+file(RELATIVE_PATH GRAINSMITH_PC_TO_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+configure_file(${PROJECT_SOURCE_DIR}/cmake/grainsmith.pc.in ${PROJECT_BINARY_DIR}/grainsmith.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/grainsmith.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
