@@ -90,6 +90,7 @@ int renderCommand(std::span<char* const> argv) {
     }
     if (out.empty()) usageError("missing -o FILE.png");
     const Record record = recordFromChoice(choice);
+    requireWritable(out);
     savePng(renderSlice(*createTexture(record, flags), slice), out);
     return 0;
 }
@@ -113,6 +114,7 @@ int galleryCommand(std::span<char* const> argv) {
         else usageError("unknown option '" + std::string(a) + "'");
     }
     if (out.empty()) usageError("missing -o FILE.png");
+    requireWritable(out);
 
     std::vector<const Kind*> kinds;
     for (const Kind& k : catalogue())
