@@ -8,9 +8,14 @@
 //   hostData array of 8-byte entries; interactWithUser reads entry 7 (the update callback)
 // Sizes are never read: the host must supply blocks large enough for the layouts below.
 //
+// Threads: once beginSession has returned, any number of threads may call continueSession and
+// continueSessionOne at once and get exactly the single-threaded values; beginSession and
+// endSession must not overlap any other call.
+//
 // Record block: one description record. Byte 0 is its size (0: no texture chosen yet),
-// bytes 1..32 the display name with its NUL, byte 33/34 major/minor version, byte 35 the
-// interactive-update flag, the kind's parameters from byte 36 on (little-endian).
+// bytes 1..32 the display name with its NUL (never read beyond byte 32: a name without a
+// zero matches no kind), byte 33/34 major/minor version, byte 35 the interactive-update
+// flag, the kind's parameters from byte 36 on (little-endian).
 //
 // Point list (second block of continueSession):
 //   offset 0         int32  n, the number of points

@@ -1,6 +1,7 @@
 #include "core/catalogue.h"
 
 #include <array>
+#include <cstring>
 
 #include "grainsmith/textures/brick.h"
 #include "grainsmith/textures/camouflage.h"
@@ -132,6 +133,13 @@ const Kind* findKind(std::string_view name) {
     for (const Kind& k : kKinds)
         if (name == k.name) return &k;
     return nullptr;
+}
+
+std::string_view recordName(const char* record) {
+    constexpr size_t kField = sizeof(BaseData::name);
+    const char* name = record + offsetof(BaseData, name);
+    const void* zero = std::memchr(name, '\0', kField);
+    return {name, zero ? static_cast<size_t>(static_cast<const char*>(zero) - name) : kField};
 }
 
 CreatedTexture createByName(std::string_view name) {

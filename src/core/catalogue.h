@@ -38,6 +38,12 @@ std::span<const Kind> catalogue();
 // The kind with this display name, whatever it can do; null when there is none.
 const Kind* findKind(std::string_view name);
 
+// The display name held in a record's name field (bytes 1 to 32): up to its first zero byte,
+// or all 32 bytes when the field holds none. Never reads beyond byte 32, so a corrupt or
+// uninitialised record cannot make a name read run into foreign memory; a 32-byte name
+// without a zero matches no kind. Every reader of a record's name goes through this.
+std::string_view recordName(const char* record);
+
 // Creation by name: walks the creation chain and creates the first implemented kind whose
 // name is equal (whole, case-sensitive). Unknown and uncreatable names give nullptr.
 struct CreatedTexture {

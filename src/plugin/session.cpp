@@ -1,13 +1,21 @@
 // The session entries: one texture lives in a global between beginSession and endSession.
-// All entries run on the host's thread, one at a time; the global is unguarded.
-#include <cstdio>
+// The global is unguarded: beginSession and endSession write it and must not overlap any other
+// call; between them any number of threads may evaluate at once, because evaluation only reads
+// the global and the texture (every kind's evaluation is const and keeps no state).
 #include <cstring>
-#include <string>
 
 #include "core/catalogue.h"
 #include "grainsmith/plugin.h"
 
+// g++ says __SANITIZE_ADDRESS__, clang says __has_feature(address_sanitizer).
 #if defined(__SANITIZE_ADDRESS__)
+#define GRAINSMITH_LEAK_CHECKED 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define GRAINSMITH_LEAK_CHECKED 1
+#endif
+#endif
+#if defined(GRAINSMITH_LEAK_CHECKED)
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -21,7 +29,7 @@ CreatedTexture g_session;
 // host relies on nothing being torn down there, so the old object is deliberately abandoned;
 // tell the leak checker that this is intended.
 void abandon(const CreatedTexture& old) {
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(GRAINSMITH_LEAK_CHECKED)
     if (old.texture) __lsan_ignore_object(old.texture);
 #else
     (void)old;
@@ -33,9 +41,7 @@ void abandon(const CreatedTexture& old) {
 extern "C" {
 
 float beginSession(char*, double, char* record, int, char* second, int, void**) {
-    char name[256];
-    std::snprintf(name, sizeof name, "%s", record + 1);
-    const CreatedTexture created = grainsmith::createByName(std::string(name));
+    const CreatedTexture created = grainsmith::createByName(grainsmith::recordName(record));
     if (!created.texture) return 1.0f;
     abandon(g_session);
     g_session = created;

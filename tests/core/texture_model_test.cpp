@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -206,4 +207,17 @@ TEST(Factory, CreatesByExactNameOnly) {
     for (const char* name : {"", "Perlin", "checkerboard", "Checkerboard ", "Hex Tile", "Empty", "Cell Noise",
                              "Penrose Rhombus"})
         EXPECT_EQ(createByName(name).texture, nullptr) << '"' << name << '"';
+}
+
+TEST(Catalogue, RecordNameStopsAtTheZeroOrTheEndOfTheField) {
+    // Exactly-sized blocks: AddressSanitizer reports any read past byte 32.
+    const std::unique_ptr<char[]> full(new char[33]);
+    std::memset(full.get(), 'A', 33);
+    EXPECT_EQ(recordName(full.get()), std::string(32, 'A'));
+    EXPECT_EQ(findKind(recordName(full.get())), nullptr);
+    std::memcpy(full.get() + 1, "Constant", 9);
+    EXPECT_EQ(recordName(full.get()), "Constant");
+    EXPECT_EQ(findKind(recordName(full.get())), findKind("Constant"));
+    full[1] = '\0';
+    EXPECT_EQ(recordName(full.get()), "");
 }

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -183,4 +184,22 @@ TEST(Host, BrickVersion3RecordsMigrateOnBegin) {
     begin(newer, 4);
     EXPECT_EQ(one(0.405f, 0.1f, 0.1f), 0.5f);
     EXPECT_EQ(endSession(), 1.0f);
+}
+
+TEST(Host, NameFieldWithoutZeroIsReadOnlyWithinItsBlock) {
+    ASSERT_NE(plugin().handle, nullptr) << dlerror();
+    std::vector<char> constant = record(40, "Constant", 2, 0);
+    put<float>(constant, 36, 0.3f);
+    begin(constant);
+    // A block that ends with the name field, which holds 32 non-zero bytes starting with a
+    // kind's name: nothing past byte 32 may be read (AddressSanitizer checks the exact block),
+    // and the name matches no kind, so the session texture stays.
+    const std::unique_ptr<char[]> block(new char[33]);
+    block[0] = 48;
+    std::memset(block.get() + 1, 'x', 32);
+    std::memcpy(block.get() + 1, "Checkerboard", 12);
+    int32_t flags[1] = {2};
+    EXPECT_EQ(plugin().begin(nullptr, 0.0, block.get(), 33, reinterpret_cast<char*>(flags), 4, nullptr), 1.0f);
+    EXPECT_EQ(one(5, 5, 5), 0.3f);
+    endSession();
 }

@@ -9,13 +9,15 @@
 #include <vector>
 
 #include "core/catalogue.h"
+#include "printable.h"
 
 namespace grainsmith::cli {
 
 // A failure reported to the user: the message goes to stderr, the code is the exit status.
 struct Failure : std::runtime_error {
     int exitCode;
-    Failure(int code, const std::string& message) : std::runtime_error(message), exitCode(code) {}
+    // The message is made printable here, so no raw byte from a file or argument is echoed.
+    Failure(int code, const std::string& message) : std::runtime_error(printable(message)), exitCode(code) {}
 };
 inline constexpr int kUsageExit = 2;    // the command line is wrong
 inline constexpr int kInputExit = 1;    // a file or value is wrong or unreadable
@@ -67,13 +69,15 @@ struct TextureChoice {
 const Kind& implementedKind(std::string_view name);
 Record defaultRecord(const Kind& kind);
 void applySetting(Record& record, std::string_view setting);  // "name=value"
-Record readRecordFile(const std::string& path);
 Record recordFromChoice(const TextureChoice& choice);
 TexturePtr createTexture(const Record& record, int flags);
 
 // Writes bytes to `path` through a temporary file renamed into place, so no partial file is
 // ever left behind.
 void writeFileAtomically(const std::string& path, std::span<const unsigned char> bytes);
+
+// Fails unless `path` can be written; called before long work so that it is not wasted.
+void requireWritable(const std::string& path);
 
 // The shortest decimal that reads back to the same float.
 std::string shortestFloat(float v);

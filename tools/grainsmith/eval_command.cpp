@@ -1,46 +1,21 @@
 // eval: values of a texture at points, one per line.
-#include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <iostream>
 #include <string>
 #include <vector>
 
 #include "cli.h"
 #include "commands.h"
+#include "readers.h"
 
 namespace grainsmith::cli {
-namespace {
-
-// Parses "x y z" (spaces or tabs); blank lines and lines starting with '#' are skipped.
-bool parsePoint(const std::string& line, float out[3]) {
-    const char* s = line.c_str();
-    for (int i = 0; i < 3; ++i) {
-        char* end = nullptr;
-        const float v = std::strtof(s, &end);
-        if (end == s) return false;
-        out[i] = v;
-        s = end;
-    }
-    while (*s == ' ' || *s == '\t' || *s == '\r') ++s;
-    return *s == '\0';
-}
-
-bool skippable(const std::string& line) {
-    const size_t first = line.find_first_not_of(" \t\r");
-    return first == std::string::npos || line[first] == '#';
-}
-
-}  // namespace
-
 int evalCommand(std::span<char* const> argv) {
     if (wantsHelp(argv)) {
         std::puts("usage: grainsmith eval (KIND [--set NAME=VALUE]... | --record FILE) [--flags N]\n"
                   "                       [--points FILE] [--hex]\n\n"
                   "Reads points 'x y z', one per line, from standard input (or FILE; blank lines and\n"
-                  "lines starting with # are skipped), evaluates the texture through its batch\n"
+                  "lines starting with # are skipped; numbers as --set takes them: nan and inf are\n"
+                  "accepted, 1e39 and 1e-50 are not), evaluates the texture through its batch\n"
                   "operation and prints one value per line: the shortest decimal that reads back to\n"
                   "the same float, or with --hex the float's bits as 0xXXXXXXXX. --flags sets the\n"
                   "texture's flags (default 2; 4 or 8 select two-dimensional mode).");
@@ -62,25 +37,8 @@ int evalCommand(std::span<char* const> argv) {
     const Record record = recordFromChoice(choice);
     const TexturePtr texture = createTexture(record, flags);
 
-    std::ifstream file;
-    if (!pointsFile.empty()) {
-        file.open(pointsFile);
-        if (!file) inputError("cannot read '" + pointsFile + "': " + std::strerror(errno));
-    }
-    std::istream& in = pointsFile.empty() ? std::cin : file;
-    const std::string source = pointsFile.empty() ? "standard input" : "'" + pointsFile + "'";
-
     // Read everything first so that a bad line fails before any value is printed.
-    std::vector<float> points;
-    std::string line;
-    for (long lineNumber = 1; std::getline(in, line); ++lineNumber) {
-        if (skippable(line)) continue;
-        float p[3];
-        if (!parsePoint(line, p))
-            inputError(source + " line " + std::to_string(lineNumber) + ": expected three numbers 'x y z', got '" +
-                       line + "'");
-        points.insert(points.end(), p, p + 3);
-    }
+    const std::vector<float> points = readPoints(pointsFile);
     const int n = static_cast<int>(points.size() / 3);
     std::vector<float> values(static_cast<size_t>(n));
     (*texture)(points.data(), n, values.data());

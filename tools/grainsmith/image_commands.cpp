@@ -46,6 +46,7 @@ int renderCommand(std::span<char* const> argv) {
     }
     if (out.empty()) usageError("missing -o FILE.png");
     const Record record = recordFromChoice(choice);
+    requireWritable(out);
     Progress progress("render", static_cast<uint64_t>(view.width) * static_cast<uint64_t>(view.height));
     const RgbImage image = renderView(record, flags, view, &progress);
     progress.finish();
@@ -75,6 +76,7 @@ int galleryCommand(std::span<char* const> argv) {
         else usageError("unknown option '" + std::string(a) + "'");
     }
     if (out.empty()) usageError("missing -o FILE.png");
+    requireWritable(out);
     const auto start = std::chrono::steady_clock::now();
     const RgbImage sheet = renderGallery(view, 6);
     savePng(sheet, out);

@@ -65,11 +65,11 @@ int main(int argc, char** argv) {
                 std::fprintf(stderr, "(see 'grainsmith %s --help')\n", c.name);
             return f.exitCode;
         } catch (const std::exception& e) {
-            std::fprintf(stderr, "grainsmith %s: error: %s\n", c.name, e.what());
+            std::fprintf(stderr, "grainsmith %s: error: %s\n", c.name, grainsmith::cli::printable(e.what()).c_str());
             return 1;
         }
     }
-    std::fprintf(stderr, "grainsmith: error: unknown command '%s'\n\n", argv[1]);
+    std::fprintf(stderr, "grainsmith: error: unknown command '%s'\n\n", grainsmith::cli::printable(argv[1]).c_str());
     printHelp(stderr);
     return grainsmith::cli::kUsageExit;
 }

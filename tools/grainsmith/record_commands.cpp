@@ -4,6 +4,7 @@
 
 #include "cli.h"
 #include "commands.h"
+#include "readers.h"
 
 namespace grainsmith::cli {
 
@@ -91,7 +92,7 @@ int showCommand(std::span<char* const> argv) {
     if (argv.size() != 1) usageError("show takes exactly one FILE");
     const Record record = readRecordFile(argv[0]);
     const BaseData& head = *reinterpret_cast<const BaseData*>(record.bytes.data());
-    std::printf("kind = %s\nrecordSize = %d\nversion = %d.%d\ninteractiveUpdate = %s\n", head.name,
+    std::printf("kind = %s\nrecordSize = %d\nversion = %d.%d\ninteractiveUpdate = %s\n", record.kind->name,
                 head.recordSize, head.majorVersion, head.minorVersion, head.interactiveUpdate ? "true" : "false");
     for (const Param& p : record.kind->ops->parameters())
         std::printf("%s = %s\n", p.name, describeValue(p, record.bytes.data()).c_str());

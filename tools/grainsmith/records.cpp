@@ -6,12 +6,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
-#include <iterator>
-#include <sstream>
 
 #include "atomic_file.h"
 #include "cli.h"
+#include "numbers.h"
+#include "readers.h"
 
 namespace grainsmith::cli {
 namespace {
@@ -90,11 +89,9 @@ bool parseValue(const Param& p, std::string_view text, double& out) {
         return true;
     }
     case FieldType::Float32: {
-        if (s.empty()) return false;
-        char* end = nullptr;
-        const double v = std::strtod(s.c_str(), &end);
-        if (*end != '\0') return false;
-        if (std::isfinite(v) && std::fabs(v) > FLT_MAX) return false;  // would become infinity
+        float v = 0.0f;
+        std::string why;
+        if (!parseFloat32(text, v, why)) return false;
         out = v;
         return true;
     }
@@ -135,12 +132,11 @@ int parseInt(std::string_view option, std::string_view text) {
 }
 
 float parseFloat(std::string_view option, std::string_view text) {
-    const std::string s(text);
-    char* end = nullptr;
-    const double v = s.empty() ? 0 : std::strtod(s.c_str(), &end);
-    if (s.empty() || *end != '\0' || !std::isfinite(v) || std::fabs(v) > FLT_MAX)
-        usageError(std::string(option) + " takes a finite number, not '" + s + "'");
-    return static_cast<float>(v);
+    float v = 0.0f;
+    std::string why;
+    if (!parseFloat32(text, v, why) || !std::isfinite(v))
+        usageError(std::string(option) + " takes a finite number, not '" + std::string(text) + "'");
+    return v;
 }
 
 // The kind a user means: the exact display name, or else the one name equal to it without
@@ -187,31 +183,6 @@ void applySetting(Record& record, std::string_view setting) {
     writeParam(*p, record.bytes.data(), value);
 }
 
-Record readRecordFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) inputError("cannot read '" + path + "': " + std::strerror(errno));
-    std::vector<unsigned char> bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    if (bytes.size() < sizeof(BaseData))
-        inputError("'" + path + "' is not a description record: " + std::to_string(bytes.size()) +
-                   " bytes, a record has at least 36");
-    const BaseData* head = reinterpret_cast<const BaseData*>(bytes.data());
-    const void* nul = std::memchr(head->name, '\0', sizeof head->name);
-    if (!nul) inputError("'" + path + "' has no NUL-terminated kind name in bytes 1 to 32");
-    const std::string name(head->name);
-    const Kind* kind = findKind(name);
-    if (!kind) inputError("'" + path + "' names an unknown kind '" + name + "'; the kinds are: " + joinKindNames());
-    if (head->majorVersion != kind->majorVersion || head->minorVersion != kind->minorVersion)
-        inputError("'" + path + "' holds version " + std::to_string(head->majorVersion) + "." +
-                   std::to_string(head->minorVersion) + " of '" + name + "', but this version reads " +
-                   std::to_string(kind->majorVersion) + "." + std::to_string(kind->minorVersion));
-    if (bytes.size() != static_cast<size_t>(kind->recordSize) || head->recordSize != kind->recordSize)
-        inputError("'" + path + "' has the wrong size for a '" + name + "' record: file " +
-                   std::to_string(bytes.size()) + " bytes, size byte " + std::to_string(head->recordSize) +
-                   ", expected " + std::to_string(kind->recordSize));
-    if (!kind->implemented()) inputError("kind '" + name + "' is not implemented yet");
-    return {kind, std::move(bytes)};
-}
-
 Record recordFromChoice(const TextureChoice& choice) {
     if (!choice.recordFile.empty()) {
         if (!choice.kindName.empty()) usageError("give either a KIND or --record FILE, not both");
@@ -239,6 +210,10 @@ void writeFileAtomically(const std::string& path, std::span<const unsigned char>
     std::string error;
     if (!writeAtomically(path, [&](int fd) { return writeAll(fd, bytes.data(), bytes.size()); }, error))
         inputError(error);
+}
+
+void requireWritable(const std::string& path) {
+    if (const std::string error = checkWritable(path); !error.empty()) inputError(error);
 }
 
 std::string describeValue(const Param& p, const unsigned char* record) {
