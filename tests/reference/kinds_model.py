@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Independent float32 model of the noise-based texture kinds, used to derive the expected
 values of their tests: Perlin Noise, FBM, Turbulence, Simplex, Simple Marble, Granite, Wood,
-Camouflage, Cheetah, Psychedelic and Voronoi Tiles. The noise primitives come from
+Camouflage, Cheetah, Psychedelic and Voronoi Tiles, and the regular patterns Brick, Grid,
+Stripes, Zigzag, Spiral, Corrugated, HexTile and Houndstooth. The noise primitives come from
 noise_model.py.
 
 Every single-precision operation is done in Python's double and rounded to float32 right away;
@@ -10,7 +11,7 @@ compare against, as C++ hex literals."""
 import math
 
 from noise_model import (FLT_MAX, add, cell_floor, div, fractal2, fractal3, hexf, lattice_floor, mul,
-                         sub)
+                         sub, to_int32, wrap32)
 from noise_model import f as f32
 from noise_model import improved1 as noise1
 from noise_model import improved2 as noise2
@@ -303,6 +304,296 @@ def vtiles(p, planar=False, **kw):
     return v, F1, F2, ratio, c1
 
 
+# ---- Regular patterns: Brick, Grid, Stripes, Zigzag, Spiral, Corrugated, HexTile, Houndstooth
+# Parameters default to the kinds' defaults; every float parameter is rounded to float32 first.
+
+def cell_random3(x, y, z):
+    return hash_unit(cell_floor(x) + cell_floor(y) * 1301 + cell_floor(z) * 314159)
+
+
+def cell_random1(x):
+    i = cell_floor(x) & 0xffffffff
+    n = (i ^ (i << 13)) & 0xffffffff
+    m = (n * ((n * n * 15731 + 789221) & 0xffffffff) + 1376312589) & 0xffffffff
+    return f32((m & 0x7fffffff) * 4.656612875245797e-10)
+
+
+def fmodf(a, b):
+    return math.fmod(a, b)
+
+
+def ind(c):
+    return 1 if c else 0
+
+
+BRICK = dict(pattern=1, H=0.225, W=0.8, D=0.4, M=0.01, rc=False, R=0.25, rov=False, amp=0.1,
+             color=None, mortar=0.5, rnd=False, mn=0.0, mx=0.5)
+
+
+def brick(p, flags=2, **kw):
+    o = dict(BRICK); o.update(kw)
+    if o['color'] is None:
+        o['color'] = f32(0.223688006401062)
+    for k in ('H', 'W', 'D', 'M', 'R', 'amp', 'color', 'mortar', 'mn', 'mx'):
+        o[k] = f32(o[k])
+    planar = (flags & 12) != 0
+    return brick_running(p, planar, o) if o['pattern'] == 1 else brick_herring(p, planar, o)
+
+
+def brick_running(p, planar, o):
+    H, W, D, M, R = o['H'], o['W'], o['D'], o['M'], o['R']
+    x, y, z = map(f32, p)
+    h = mul(M, 0.5)
+    cx, cy, cz = add(W, M), add(H, M), add(D, M)
+    ix, iy, iz = div(1.0, cx), div(1.0, cy), div(1.0, cz)
+    if planar: z = 0.5
+    u, v, w = mul(x, ix), mul(y, iy), mul(z, iz)
+    fm = fmodf(mul(v, 0.5), 1.0)
+    if (y >= 0 and abs(fm) > 0.5) or (y < 0 and abs(fm) < 0.5): u = add(u, 0.5)
+    g = fmodf(mul(w, 0.5), 1.0)
+    if (z >= 0 and abs(g) > 0.5) or (z < 0 and abs(g) < 0.5): u = add(u, 0.5)
+    row, layer = cell_floor(v), cell_floor(w)
+    if o['rov']:
+        u = add(u, mul(sub(cell_random2(float(row), float(layer)), 0.5), o['amp']))
+    col = cell_floor(u)
+    fu, fv, fw = sub(u, float(col)), sub(v, float(row)), sub(w, float(layer))
+    bu = ind(fu >= mul(h, ix)) - ind(fu >= sub(1.0, mul(h, ix)))
+    bv = ind(fv >= mul(h, iy)) - ind(fv >= sub(1.0, mul(h, iy)))
+    bw = ind(fw >= mul(h, iz)) - ind(fw >= sub(1.0, mul(h, iz)))
+    inside = bu * bv * bw
+    B = o['color']
+    if o['rnd']:
+        B = add(o['mn'], mul(sub(o['mx'], o['mn']), cell_random3(float(col), float(row), float(layer))))
+    value = add(mul(float(1 - inside), o['mortar']), mul(float(inside), B))
+    if not (o['rc'] and value == B): return value
+    m = W if W <= H else H
+    C = cx if cy <= cx else cy
+    if m == W: fu = mul(mul(fu, cx), iy)
+    else: fv = mul(mul(fv, cy), ix)
+    r = mul(mul(mul(m, 0.5), div(1.0, C)), R)
+    e = add(mul(div(1.0, C), h), r)
+    if m == H: Eu, Ev = 1.0, mul(cy, ix)
+    else: Eu, Ev = mul(cx, iy), 1.0
+    r2 = mul(r, r)
+
+    def far(cu, cv): return add(mul(sub(cv, fv), sub(cv, fv)), mul(sub(cu, fu), sub(cu, fu))) >= r2
+    cut = ((fu <= e and fv <= e and far(e, e)) or
+           (fu >= sub(Eu, e) and fv <= e and far(sub(Eu, e), e)) or
+           (fu <= e and fv >= sub(Ev, e) and far(e, sub(Ev, e))) or
+           (fu >= sub(Eu, e) and fv >= sub(Ev, e) and far(sub(Eu, e), sub(Ev, e))))
+    return o['mortar'] if cut else value
+
+
+def brick_herring(p, planar, o):
+    H, D, M, R = o['H'], o['D'], o['M'], o['R']
+    x, y, z = map(f32, p)
+    h = mul(M, 0.5)
+    cy = add(H, M); iy = div(1.0, cy); cz = add(D, M); iz = div(1.0, cz)
+    u, v = mul(x, iy), mul(y, iy)
+    w = mul(add(z, 0.5), iz) if planar else mul(z, iz)
+    a, b = float(math.floor(u)), float(math.floor(v))
+    s = abs(math.fmod(math.floor(mul(add(a, b), 0.5)), 2.0))
+    fu, fv, fw = sub(u, a), sub(v, b), sub(w, float(math.floor(w)))
+    pa = math.fmod(to_int32(a), 2) == 0
+    pb = math.fmod(to_int32(b), 2) == 0
+    odd = pa != pb
+    e, ez = mul(h, iy), mul(h, iz)
+    if s != 0:
+        bu = ind(fu >= e) - ind(fu >= sub(1.0, e))
+        bv = 1 - ind(fv >= sub(1.0, e)) if odd else ind(fv >= e)
+    else:
+        bv = ind(fv >= e) - ind(fv >= sub(1.0, e))
+        bu = 1 - ind(fu >= sub(1.0, e)) if odd else ind(fu >= e)
+    bw = ind(fw >= ez) - ind(fw >= sub(1.0, ez))
+    inside = bu * bv * bw
+    B = o['color']
+    if o['rnd']:
+        if s != 0:
+            rr = cell_random3(u, mul(v, 0.5), w) if pa else cell_random3(u, mul(add(v, 1.0), 0.5), w)
+        else:
+            rr = cell_random3(mul(u, 0.5), v, w) if pb else cell_random3(mul(add(u, 1.0), 0.5), v, w)
+        B = add(o['mn'], mul(sub(o['mx'], o['mn']), rr))
+    value = add(mul(float(1 - inside), o['mortar']), mul(float(inside), B))
+    if not (o['rc'] and value == B): return value
+    r = mul(mul(mul(H, 0.5), iy), R)
+    E = add(mul(h, iy), r)
+    F = sub(1.0, E)
+    if s != 0 and odd: cands = [(fu <= E and fv >= F, E, F), (fu >= F and fv >= F, F, F)]
+    elif s != 0: cands = [(fu <= E and fv <= E, E, E), (fu >= F and fv <= E, F, E)]
+    elif odd: cands = [(fv <= E and fu >= F, F, E), (fv >= F and fu >= F, F, F)]
+    else: cands = [(fv <= E and fu <= E, E, E), (fv >= F and fu <= E, E, F)]
+    for ok, cu, cv in cands:
+        if ok:
+            if add(mul(sub(cv, fv), sub(cv, fv)), mul(sub(cu, fu), sub(cu, fu))) >= mul(r, r):
+                return o['mortar']
+            return value
+    return value
+
+
+def next_cell(k):
+    return float(wrap32(k + 1))
+
+
+def grid(p, width=0.25, rnd=False, mn=0.5, mx=1.0, planar=False):
+    width, mn, mx = f32(width), f32(mn), f32(mx)
+    x, y, z = map(f32, p)
+    hh = mul(width, 0.5); h2 = mul(hh, hh)
+    for c in (x, y) if planar else (x, y, z):
+        k = cell_floor(c)
+        d1 = sub(c, float(k)); d2 = sub(next_cell(k), c)
+        if mul(d1, d1) <= h2 or mul(d2, d2) <= h2: return 0.0
+    return add(mn, mul(sub(mx, mn), cell_random3(x, y, z))) if rnd else 1.0
+
+
+def triangle(t):
+    if t < 0.5:
+        u = mul(2.0, t); return add(mul(sub(1.0, u), 0.0), u)
+    u = mul(sub(t, 0.5), 2.0); return add(sub(1.0, u), mul(u, 0.0))
+
+
+def arc(t, c):
+    d = sub(t, c)
+    return f32(math.sqrt(sub(0.0625, mul(d, d))))
+
+
+def stripes(p, style=4, width=0.25, amp=0.25, rnd=False, mn=0.0, mx=1.0):
+    width, amp, mn, mx = map(f32, (width, amp, mn, mx))
+    x, y = f32(p[0]), f32(p[1])
+    t = sub(y, float(math.floor(y)))
+    if style == 0: xs = add(x, mul(noise2(mul(2.0, x), mul(2.0, y)), amp))
+    elif style == 1: xs = add(x, mul(arc(t, 0.25), amp)) if t < 0.5 else sub(x, mul(arc(t, 0.75), amp))
+    elif style == 2: xs = add(x, mul(t, amp))
+    elif style == 3: xs = f32(x + math.sin(2.0 * y * 3.141592653589793) * amp)
+    elif style == 5: xs = add(x, mul(triangle(t), amp))
+    else: xs = x
+    k = cell_floor(xs)
+    d1 = sub(xs, float(k)); d2 = sub(next_cell(k), xs)
+    d1s, d2s = mul(d1, d1), mul(d2, d2)
+    hh = mul(width, 0.5); h2 = mul(hh, hh)
+    if not rnd: return 0.0 if (d1s <= h2 or d2s <= h2) else 1.0
+    if d1s <= h2: return add(mn, mul(sub(mx, mn), cell_random1(float(k))))
+    if d2s <= h2: return add(mn, mul(sub(mx, mn), cell_random1(next_cell(k))))
+    return 1.0
+
+
+def zigzag(p, rnd=False, var=0.5):
+    var = f32(var)
+    x, y = f32(p[0]), f32(p[1])
+    pp = abs(math.fmod(math.floor((math.floor(x) + math.floor(y)) * 0.5), 2.0))
+    if not rnd: return 0.25 if pp == 0 else 0.75
+    u = add(x, 1.0) if math.floor(y) % 2 == 1 else x
+    r = cell_random2(mul(u, 0.5), y)
+    s = mul(sub(mul(r, 2.0), 1.0), var)
+    v = mul(add(s, 1.0), 0.25) if pp == 0 else add(mul(s, 0.25), 0.75)
+    return clamp01(v)
+
+
+def spiral(p, width=0.25, rate=0.2, planar=False):
+    width, rate = f32(width), f32(rate)
+    x, y, z = map(f32, p)
+    if planar:
+        xs = add(x, mul(y, rate))
+    else:
+        rho = f32(math.sqrt(add(mul(x, x), mul(z, z))))
+        th = add(f32(math.atan2(z, x)), mul(y, rate))
+        xs = mul(rho, f32(math.cos(th)))
+    k = cell_floor(xs)
+    d1 = sub(xs, float(k)); d2 = sub(next_cell(k), xs)
+    hh = mul(width, 0.5); h2 = mul(hh, hh)
+    return 1.0 if (h2 < mul(d1, d1) and h2 < mul(d2, d2)) else 0.0
+
+
+def corrugated(x, style=3):
+    x = f32(x)
+    t = sub(x, float(math.floor(x)))
+    if style == 0: return add(mul(noise1(mul(2.0, x)), 0.5), 0.5)
+    if style == 1: return t
+    if style == 2: return add(arc(t, 0.25), 0.5) if t < 0.5 else sub(1.0, add(arc(t, 0.75), 0.5))
+    if style == 3: return add(mul(f32(math.sin(2.0 * t * 3.141592653589793)), 0.5), 0.5)
+    if style == 4: return triangle(t)
+    return add(mul(f32(math.sin(mul(t, f32(math.pi)))), 0.5), 0.5)
+
+
+SQRT3 = f32(math.sqrt(3.0))
+
+
+def hextile(p, tile=1.0, mortar=0.0, R=0.2, T=0.02, rnd=False, mn=0.5, mx=1.0):
+    tile, mortar, R, T, mn, mx = map(f32, (tile, mortar, R, T, mn, mx))
+    S = SQRT3
+    x = abs(f32(p[0])); y = f32(p[1])
+    if y < 0: y = add(abs(y), R)
+    t = mul(T, 0.5)
+    rh = mul(1.5, R); SR = mul(S, R)
+    fy = fmodf(y, rh)
+    row = float(math.floor(div(y, rh)))
+    odd = fmodf(mul(row, 0.5), 1.0)
+    xs = add(mul(SR, 0.5), x) if odd == 0.5 else x
+    col = float(math.floor(div(xs, SR)))
+    fx = fmodf(xs, SR)
+    if fy < R:
+        m = 0 if (t <= fx and fx < sub(SR, t)) else 1
+    else:
+        half = mul(SR, 0.5)
+        d = mul(sub(fy, R), S)
+        line = sub(half, abs(sub(fx, half)))
+        if d > line:
+            if odd == 0.5: col = sub(col, 1.0)
+            row = add(row, 1.0)
+            if fx > half: col = add(col, 1.0)
+        m = 1 if (sub(line, mul(S, t)) <= d and d < add(line, mul(S, t))) else 0
+    G = add(mn, mul(sub(mx, mn), cell_random2(col, row))) if rnd else tile
+    return add(mul(float(1 - m), G), mul(float(m), mortar))
+
+
+def houndstooth(p, pattern=3, rnd=False, var=0.5):
+    var = f32(var)
+    x, y = f32(p[0]), f32(p[1])
+    ix, iy = cell_floor(x), cell_floor(y)
+    fx, fy = sub(x, float(ix)), sub(y, float(iy))
+    ex, ey = math.fmod(ix, 2) == 0, math.fmod(iy, 2) == 0
+
+    def shade(base, kx, ky):
+        return add(base, mul(mul(sub(mul(cell_random2(kx, ky), 2.0), 1.0), var), 0.25))
+
+    def L(kx, ky): return shade(0.75, kx, ky) if rnd else 1.0
+    def Dk(kx, ky): return shade(0.25, kx, ky) if rnd else 0.0
+    xm, xp, ym, yp = sub(x, 1.0), add(x, 1.0), sub(y, 1.0), add(y, 1.0)
+    if pattern == 0:
+        s = add(fx, fy)
+        if ex and ey: return L(x, ym) if s <= 1 else Dk(xp, y)
+        if ex: return L(x, y)
+        if ey: return Dk(x, y)
+        return Dk(x, ym) if s <= 1 else L(xp, y)
+    if pattern == 2:
+        if ex and ey: return 1.0
+        if not ex and not ey: return Dk(x, y)
+        if ex:
+            t = add(sub(1.0, fx), fy); first, second = (xp, y), (xm, y)
+        else:
+            t = add(fx, fy); first, second = (x, ym), (x, yp)
+        if t <= 0.606092: return Dk(*first)
+        if t < 1.19188: return 1.0
+        if t < 1.79797: return Dk(*second)
+        return 1.0
+    if pattern == 1:
+        a = mul(f32(0.35355), f32(0.33333334)); b = mul(a, 2.0)
+        if ex and ey: return 1.0
+        if not ex and not ey: return Dk(x, y)
+        t = add(fx, fy)
+        first, second = ((xm, y), (xp, y)) if ex else ((x, ym), (x, yp))
+        if t < sub(0.5, b): return 1.0
+        if t < add(0.5, a): return Dk(*first)
+        if t < sub(1.5, a): return 1.0
+        if t < add(1.5, b): return Dk(*second)
+        return 1.0
+    if ex and ey: return L(x, y)
+    if not ex and not ey: return Dk(x, y)
+    s = add(fx, fy)
+    if ex: bands = [Dk(xm, y), L(x, ym), Dk(xp, y), L(x, yp)]
+    else: bands = [L(xm, y), Dk(x, ym), L(xp, y), Dk(x, yp)]
+    return bands[0 if s < 0.5 else 1 if s < 1.0 else 2 if s < 1.5 else 3]
+
+
 # ---- Values used by the tests --------------------------------------------------------------
 
 def show(label, v):
@@ -402,6 +693,68 @@ def print_natural_kinds():
             print('  planar' if planar else '  space', p, hexf(vtiles(p, planar=planar, **full)[0]))
 
 
+def bit_string(fn, points):
+    """'0'/'1' per point for the kinds whose value is 0.0 or 1.0 (other values print '?')."""
+    return ''.join({0.0: '0', 1.0: '1'}.get(fn(q), '?') for q in points)
+
+
+def sample_grid(x0=-2.1, y0=-1.3, z=0.37, dx=0.37, dy=0.29, n=8):
+    """The 8 x 8 points, row by row (y outer), that the pattern tests sample."""
+    return [(f32(x0 + i * dx), f32(y0 + j * dy), f32(z)) for j in range(n) for i in range(n)]
+
+
+def print_pattern_kinds():
+    P = [P3(0.3, 0.7, 0.2), P3(-1.37, 0.51, 2.86), P3(2.45, -0.15, -0.8), P3(5.62, 3.41, -1.27),
+         P3(-0.62, -2.33, 0.47)]
+    G = sample_grid()
+    print('# Brick, running bond')
+    for q in [(0.3, 0.7, 0.2), (-1.37, 0.51, 2.86), (2.45, -0.15, -0.8), (5.62, 3.41, -1.27)]:
+        q = P3(*q)
+        show(f'random greys 0.1..0.9 at {q}', brick(q, rnd=True, mn=0.1, mx=0.9))
+        show(f'  with row offset amplitude 0.6', brick(q, rov=True, amp=0.6, rnd=True, mn=0.1, mx=0.9))
+    print('# Brick, herringbone random greys 0.1..0.9')
+    for q in [(0.3, 0.7, 0.2), (2.45, -0.15, -0.8), (5.62, 3.41, -1.27)]:
+        show(f'  at {q}', brick(P3(*q), pattern=0, rnd=True, mn=0.1, mx=0.9))
+    print('# Grid (bits over the sample grid; random greys at P)')
+    print('  3-D   ', bit_string(lambda q: grid(q, width=0.3), G))
+    print('  planar', bit_string(lambda q: grid(q, width=0.3, planar=True), G))
+    for q in P:
+        show(f'  random at {q}', grid(q, rnd=True))
+    print('# Stripes, width 0.4, amplitude 0.6, bits over the sample grid')
+    for st in range(7):
+        print(f'  style {st}', bit_string(lambda q: stripes(q, style=st, amp=0.6, width=0.4), G))
+    for q in [P3(0.1, 0.3, 0), P3(0.9, 0.3, 0), P3(-1.05, 2.0, 0), P3(-0.95, 2.0, 0)]:
+        show(f'  random 0.2..0.7, width 0.4, at {q}', stripes(q, rnd=True, width=0.4, mn=0.2, mx=0.7))
+    print('# Zigzag')
+    print('  plain', [zigzag(q) for q in P])
+    for q in P:
+        show(f'  random at {q}', zigzag(q, rnd=True))
+        show(f'  random, variability 5, at {q}', zigzag(q, rnd=True, var=5.0))
+    print('# Spiral, bits over the sample grid')
+    print('  defaults  ', bit_string(lambda q: spiral(q), G))
+    print('  w 0.6 r 1.3', bit_string(lambda q: spiral(q, width=0.6, rate=1.3), G))
+    print('  planar    ', bit_string(lambda q: spiral(q, width=0.6, rate=1.3, planar=True), G))
+    print('# Corrugated')
+    for st in (0, 1, 2, 3, 4, 9):
+        print(f'  style {st}', ', '.join(hexf(corrugated(x, st)) for x in (0.3, -1.37, 2.45, 0.8, -0.62)))
+
+    print('# HexTile')
+    H = sample_grid(-0.9, -0.7, 0.0, 0.113, 0.097)
+    print('  defaults   ', bit_string(lambda q: hextile(q), H))
+    print('  R 0.3, T 0.05', bit_string(lambda q: hextile(q, R=0.3, T=0.05), H))
+    for q in [P3(0.3, 0.7, 0), P3(-0.31, 0.45, 0), P3(0.52, -0.41, 0), P3(1.13, 2.2, 0)]:
+        show(f'  random 0.5..1 at {q}', hextile(q, rnd=True))
+    print('# Houndstooth (z ignored), bits over a grid')
+    T = sample_grid(-2.05, -1.95, 0.0, 0.29, 0.31, 14)
+    for pat in range(4):
+        print(f'  pattern {pat}', bit_string(lambda q: houndstooth(q, pattern=pat), T))
+    for pat in range(4):
+        vals = ', '.join(hexf(houndstooth(q, pattern=pat, rnd=True)) for q in
+                         [P3(0.3, 0.7, 0), P3(-1.37, 0.51, 0), P3(2.45, -0.15, 0), P3(1.62, 3.41, 0),
+                          P3(-0.62, -2.33, 0), P3(1.8, 1.9, 0)])
+        print(f'  randomized pattern {pat}:', vals)
+
 if __name__ == '__main__':
     print_noise_kinds()
     print_natural_kinds()
+    print_pattern_kinds()
