@@ -17,16 +17,23 @@
 #include "grainsmith/textures/grid.h"
 #include "grainsmith/textures/hex_tile.h"
 #include "grainsmith/textures/houndstooth.h"
+#include "grainsmith/textures/nested_shapes.h"
+#include "grainsmith/textures/penrose_rhombus.h"
 #include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/plaid.h"
 #include "grainsmith/textures/psychedelic.h"
+#include "grainsmith/textures/scales.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/snakeskin.h"
 #include "grainsmith/textures/speckled_stone.h"
+#include "grainsmith/textures/spheres.h"
 #include "grainsmith/textures/spiral.h"
 #include "grainsmith/textures/stripes.h"
 #include "grainsmith/textures/turbulence.h"
 #include "grainsmith/textures/voronoi.h"
 #include "grainsmith/textures/voronoi_tile.h"
+#include "grainsmith/textures/weave.h"
 #include "grainsmith/textures/wood.h"
 #include "grainsmith/textures/zigzag.h"
 
@@ -73,7 +80,7 @@ constexpr std::array kKinds{
     IMPLEMENTED(PerlinTexture3D, 3, 1, yes),
     IMPLEMENTED(SimpleMarbleTexture3D, 4, 4, yes),
     IMPLEMENTED(StripesTexture3D, 5, 5, no),
-    planned("Spheres", "SpheresTexture3D", 48, 2, 6, 6, yes),
+    IMPLEMENTED(SpheresTexture3D, 6, 6, yes),
     IMPLEMENTED(GraniteTexture3D, 7, 7, yes),
     IMPLEMENTED(GradientTexture3D, 8, 8, no),
     IMPLEMENTED(ConstantTexture3D, 9, 0, no),
@@ -84,24 +91,24 @@ constexpr std::array kKinds{
     IMPLEMENTED(TurbulenceTexture3D, 14, 13, yes),
     IMPLEMENTED(FBMTexture3D, 15, 14, yes),
     IMPLEMENTED(ErodedTexture3D, 16, 15, yes),
-    planned("Nested Shapes", "NestedShapesTexture3D", 44, 2, 17, 16, no),
+    IMPLEMENTED(NestedShapesTexture3D, 17, 16, no),
     IMPLEMENTED(DentedTexture3D, 18, 17, yes),
     IMPLEMENTED(SpeckledStoneTexture3D, 19, 18, yes),
     IMPLEMENTED(HexTileTexture3D, 20, 19, no),
     IMPLEMENTED(SpiralTexture3D, 21, 20, yes),
     IMPLEMENTED(CheetahTexture3D, 22, 21, yes),
     IMPLEMENTED(VoronoiTileTexture3D, 23, 22, yes),
-    planned("Weave", "WeaveTexture3D", 96, 3, 24, 23, no),
-    planned("Plaid", "PlaidTexture3D", 80, 1, 25, 24, no),
+    IMPLEMENTED(WeaveTexture3D, 24, 23, no),
+    IMPLEMENTED(PlaidTexture3D, 25, 24, no),
     IMPLEMENTED(PsychedelicTexture3D, 26, 25, yes),
     IMPLEMENTED(CamouflageTexture3D, 27, 26, yes),
     IMPLEMENTED(ZigzagTexture3D, 28, 27, no),
     IMPLEMENTED(CorrugatedTexture3D, 29, 28, no),
-    planned("Snakeskin", "SnakeskinTexture3D", 96, 1, 30, 29, no),
-    planned("Scales", "ScalesTexture3D", 124, 1, 31, 30, no),
+    IMPLEMENTED(SnakeskinTexture3D, 30, 29, no),
+    IMPLEMENTED(ScalesTexture3D, 31, 30, no),
     IMPLEMENTED(HoundstoothTexture3D, 32, 31, no),
     IMPLEMENTED(CellTexture3D, 0, 0, no),
-    planned("Penrose Rhombus", "PenroseRhombusTexture3D", 68, 1, 0, 0, no),
+    IMPLEMENTED(PenroseRhombusTexture3D, 0, 0, no),
 };
 
 #undef IMPLEMENTED

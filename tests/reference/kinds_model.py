@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Independent float32 model of the noise-based texture kinds, used to derive the expected
 values of their tests: Perlin Noise, FBM, Turbulence, Simplex, Simple Marble, Granite, Wood,
-Camouflage, Cheetah, Psychedelic and Voronoi Tiles, and the regular patterns Brick, Grid,
-Stripes, Zigzag, Spiral, Corrugated, HexTile and Houndstooth. The noise primitives come from
-noise_model.py.
+Camouflage, Cheetah, Psychedelic and Voronoi Tiles, the regular patterns Brick, Grid,
+Stripes, Zigzag, Spiral, Corrugated, HexTile and Houndstooth, and the pattern kinds Spheres,
+Nested Shapes, Plaid, Weave and Penrose Rhombus. The noise primitives come from noise_model.py.
 
 Every single-precision operation is done in Python's double and rounded to float32 right away;
 the steps the kinds take in double are kept in double. Run it to print the values the tests
@@ -754,7 +754,215 @@ def print_pattern_kinds():
                           P3(-0.62, -2.33, 0), P3(1.8, 1.9, 0)])
         print(f'  randomized pattern {pat}:', vals)
 
+# ---- Spheres, Nested Shapes, Plaid, Weave, Penrose Rhombus --------------------------------
+
+def on_shell(p, c, r, hollow):
+    d = [sub(a, b) for a, b in zip(p, c)]
+    d2 = add(add(mul(d[0], d[0]), mul(d[1], d[1])), mul(d[2], d[2]))
+    r2 = mul(r, r)
+    return mul(mul(hollow, hollow), r2) <= d2 <= r2
+
+
+def spheres(p, size=0.25, staggered=False, hollow=0.0, planar=False):
+    x, y, z = P3(*p)
+    if planar:
+        z = -0.5
+    i, j, k = cell_floor(x), cell_floor(y), cell_floor(z)
+    c = [add(float(n), 0.5) for n in (i, j, k)]
+    size, hollow = f32(size), f32(hollow)
+    if not staggered:
+        return 0.0 if on_shell((x, y, z), c, size, hollow) else 1.0
+    r = mul(f32(math.sqrt(2.0)), size)
+    ei, ej, ek = (math.fmod(n, 2) == 0 for n in (i, j, k))
+    if (ek != ej) != ei:
+        return 0.0 if on_shell((x, y, z), c, r, hollow) else 1.0
+    for axis, n in enumerate((i, j, k)):
+        for off in (-0.5, 1.5):
+            cc = list(c)
+            cc[axis] = add(float(n), off)
+            if on_shell((x, y, z), cc, r, hollow):
+                return 0.0
+    return 1.0
+
+
+def nested(p, shape=0, thickness=0.25):
+    x, y, z = P3(*p)
+    if shape == 0:
+        r = f32(math.sqrt(add(mul(x, x), mul(y, y))))
+    elif shape == 1:
+        r = f32(math.sqrt(add(add(mul(x, x), mul(y, y)), mul(z, z))))
+    elif shape == 2:
+        m = max(abs(x), abs(y))
+        r = mul(f32(math.sqrt(mul(mul(m, 2.0), m))), f32(1.0 / f32(math.sqrt(2.0))))
+    elif shape == 3:
+        m = max(abs(x), abs(y), abs(z))
+        r = mul(f32(math.sqrt(mul(mul(m, 3.0), m))), f32(1.0 / f32(math.sqrt(3.0))))
+    else:
+        return 1.0
+    i = cell_floor(r)
+    t = mul(f32(thickness), 0.5)
+    a, b = sub(r, float(i)), sub(float(i + 1), r)
+    return 1.0 if mul(a, a) > mul(t, t) and mul(b, b) > mul(t, t) else 0.0
+
+
+def plaid_band(a, period):
+    period = float(period)
+    m = f32(math.fmod(a, period)) if period != 0 else math.nan
+    if a < 0:
+        m = add(m, period)
+    return div(add(mul(noise1(m), sub(period, m)), mul(noise1(sub(m, period)), m)), period)
+
+
+def plaid(p, hf=2.0, vf=2.0, hp=3, vp=5, bg=0.0, bg2=0.0, bg3=None, c1=None, c2=None, c3=None, c4=0.0):
+    from struct import pack, unpack
+    def fb(b): return unpack('<f', pack('<I', b))[0]
+    bg3 = fb(0x3E24C272) if bg3 is None else f32(bg3)
+    c1 = fb(0x3E6FF10F) if c1 is None else f32(c1)
+    c2 = fb(0x3E24C272) if c2 is None else f32(c2)
+    c3 = fb(0x3E979B78) if c3 is None else f32(c3)
+    x, y, _ = P3(*p)
+    A = plaid_band(mul(f32(vf), y), vp)
+    t1 = add(mul(sub(1.0, A), c1), mul(A, f32(bg)))
+    B = plaid_band(mul(f32(hf), x), hp)
+    t2 = add(mul(sub(1.0, B), c2), mul(B, f32(bg)))
+    C = cell_random1(mul(x, 5.0))
+    t3 = add(mul(sub(1.0, C), c3), mul(C, f32(bg2)))
+    D = cell_random1(mul(y, 5.0))
+    t4 = add(mul(sub(1.0, D), f32(c4)), mul(D, bg3))
+    s = add(add(add(t2, t1), t3), t4)
+    s = 1.0 if s >= 1 else s
+    return s if s > 0 else 0.0
+
+
+def weave_fraction(c):
+    fr = abs(math.fmod(c, 1.0))
+    return fr if c >= 0 else sub(1.0, fr)
+
+
+def weave_band(fr, w):
+    h = mul(w, 0.5)
+    return (1.0 if fr >= sub(0.5, h) else 0.0) - (1.0 if fr >= add(0.5, h) else 0.0)
+
+
+def weave_shade(s, a):
+    return add(div(f32(math.sin(math.pi * a)), div(2.0, s)), add(mul(sub(1.0, s), 0.5), 0.5))
+
+
+def weave(p, bg=0.0, hc=1.0, vc=1.0, hw=0.85, vw=0.85, hrand=False, hmin=0.0, hmax=0.5, vrand=False, vmin=0.5,
+          vmax=1.0, shading=True, hs=0.85, vs=0.85):
+    x, y, _ = P3(*p)
+    bg, hc, vc, hw, vw, hmin, hmax, vmin, vmax, hs, vs = map(f32, (bg, hc, vc, hw, vw, hmin, hmax, vmin, vmax, hs, vs))
+    fx, fy = weave_fraction(x), weave_fraction(y)
+    i, j = cell_floor(x), cell_floor(y)
+    if hrand:
+        hc = add(hmin, mul(sub(hmax, hmin), cell_random1(float(j))))
+    if vrand:
+        vc = add(vmin, mul(sub(vmax, vmin), cell_random1(float(i))))
+    if (math.fmod(i, 2) == 0) == (math.fmod(j, 2) == 0):   # vertical thread on top
+        h_in = weave_band(fy, hw)
+        c = add(mul(sub(1.0, h_in), bg), mul(h_in, hc))
+        if shading and h_in == 1:
+            c = mul(c, weave_shade(hs, add(fx, 1.0)))
+        v_in = weave_band(fx, vw)
+        r = add(mul(sub(1.0, v_in), c), mul(v_in, vc))
+        return r if not shading or v_in != 1 else mul(r, weave_shade(vs, fy))
+    v_in = weave_band(fx, vw)
+    c = add(mul(sub(1.0, v_in), bg), mul(v_in, vc))
+    if shading and v_in == 1:
+        c = mul(c, weave_shade(vs, add(fy, 1.0)))
+    h_in = weave_band(fy, hw)
+    r = add(mul(sub(1.0, h_in), c), mul(h_in, hc))
+    return r if not shading or h_in != 1 else mul(r, weave_shade(hs, fx))
+
+
+PEN_COS = [1.0, f32(-0.809017), f32(0.309017), f32(0.309017), f32(-0.809017)]
+PEN_SIN = [0.0, f32(-0.58778524), f32(0.95105654), f32(-0.95105654), f32(0.58778524)]
+
+
+def penrose_find(x, y):
+    g = []
+    for j in range(5):
+        d = add(mul(x, PEN_COS[j]), mul(y, PEN_SIN[j]))
+        w = add(f32(d * 0.4 + 3.141592653589793), 1.25)
+        g.append(sub(math.fmod(w, 1.0), 1.25))
+    best, out = 1000.0, (0.0, 0.0, 0)
+    phis = [f32(1.618034), sub(1.0, f32(1.618034))]
+    for m in range(32):
+        t = [add(g[j], float((m >> j) & 1)) for j in range(5)]
+        for _ in range(5):
+            for r in range(2):
+                phi, k = phis[r], r + 1
+                A, B, C, E, T = t[5 - 2 * k], t[5 - k], t[k], t[2 * k], t[0]
+                c1 = sub(mul(add(A, B), phi), C)
+                c0 = -add(mul(B, phi), add(A, T))
+                c2 = -add(mul(A, phi), add(B, E))
+                if all(0.0 <= c <= 1.0 for c in (c0, c1, c2)):
+                    u = add(mul(sub(C, E), phi), sub(A, T))
+                    v = add(mul(sub(C, T), phi), sub(B, E))
+                    score = max(abs(sub(u, 0.5)), abs(sub(v, 0.5)))
+                    if best > score:
+                        out, best = (u, v, r), score
+            t = t[1:] + t[:1]
+    return out
+
+
+def penrose(p, skinny=0.5, fat=1.0):
+    x, y, _ = P3(*p)
+    u, v, kind = penrose_find(x, y)
+    e = min(min(min(u, sub(1.0, u)), v), sub(1.0, v))
+    if e < 0:
+        shade = 0.0
+    elif e < f32(0.1):
+        s = mul(e, 10.0)
+        shade = mul(mul(sub(3.0, mul(s, 2.0)), s), s)
+    else:
+        shade = 1.0
+    return mul(shade, f32(fat) if kind != 0 else f32(skinny)), (u, v, kind)
+
+
+def print_woven_kinds():
+    print('# Spheres')
+    for args in [((0.5, 0.5, 0.5), {}), ((0.5, 0.9, 0.5), {}), ((0.7, 0.6, 0.55), dict(hollow=0.5)),
+                 ((0.5, 0.5, 0.5), dict(hollow=0.5)), ((-0.3, 1.62, 7.0), dict(planar=True, size=0.3)),
+                 ((1.5, 0.5, 0.5), dict(staggered=True, size=0.3)),
+                 ((1.05, 0.5, 0.5), dict(staggered=True, size=0.4)),
+                 ((1.5, 0.05, 0.5), dict(staggered=True, size=0.4)),
+                 ((1.5, 0.5, 0.95), dict(staggered=True, size=0.4)),
+                 ((1.5, 0.5, 0.5), dict(staggered=True, size=0.4)),
+                 ((0.5, 0.5, 0.5), dict(staggered=True, size=0.3, hollow=0.5))]:
+        print(' ', args, spheres(args[0], **args[1]))
+    print('# Nested Shapes')
+    for p, shape in [((1, 0, 0), 1), ((0.5, 0, 0), 1), ((0.1, 0, 0), 1), ((0.5, 0, 7), 0), ((1, 0, 7), 0),
+                     ((1.05, 0.6, 3), 2), ((2.2, -1.9, 0.3), 2), ((0.3, -1.1, 2.93), 3), ((0.3, -1.1, 2.6), 3),
+                     ((1.6, 1.2, 0), 0), ((2.05, 0.3, 0.4), 1)]:
+        print(' ', p, shape, nested(p, shape))
+    print('# Plaid')
+    for p in [(0.3, 0.7, 0.2), (-1.37, 2.51, 9.0), (4.11, -0.62, -3.0)]:
+        show(f'  defaults at {p}', plaid(p))
+    show('  hf 1.5 vf 0.7 hp 4 vp 2, bg 0.3 bg2 0.2 bg3 0.1 c 0.1..0.4 at (2.3, -1.4)',
+         plaid((2.3, -1.4, 0), 1.5, 0.7, 4, 2, 0.3, 0.2, 0.1, 0.1, 0.2, 0.3, 0.4))
+    for a in (0.37, 1.9, -2.2):
+        show(f'  band({a}, 3)', plaid_band(f32(a), 3))
+    print('# Weave')
+    show('  defaults at (0.5, 0.02)', weave((0.5, 0.02, 0)))
+    show('  defaults at (1.3, 0.45) (horizontal on top)', weave((1.3, 0.45, 0)))
+    show('  defaults at (-0.2, -1.3) (cells -1, -2)', weave((-0.2, -1.3, 0)))
+    show('  defaults at (-1.0, 0.5) (cell -2, fx 1)', weave((-1.0, 0.5, 0)))
+    show('  hrand at (7.5, -0.5) (row -1 hashes cell -2)', weave((7.5, -0.5, 0), hrand=True, shading=False))
+    show('  hrand at (0.5, 0.5) no shading', weave((0.5, 0.5, 0), hrand=True, shading=False))
+    show('  vrand at (-2.5, 3.5) no shading', weave((-2.5, 3.5, 0), vrand=True, shading=False))
+    show('  bg 0.2 hc 0.7 vc 0.4 hw 0.6 vw 0.5 hs 0.3 vs 0.6 at (2.12, 3.9)',
+         weave((2.12, 3.9, 0), 0.2, 0.7, 0.4, 0.6, 0.5, hs=0.3, vs=0.6))
+    show('  same at (2.4, 3.5)', weave((2.4, 3.5, 0), 0.2, 0.7, 0.4, 0.6, 0.5, hs=0.3, vs=0.6))
+    show('  same at (3.4, 3.3)', weave((3.4, 3.3, 0), 0.2, 0.7, 0.4, 0.6, 0.5, hs=0.3, vs=0.6))
+    print('# Penrose Rhombus')
+    for p in [(0.3, 0.7, 0), (2.1, -1.3, 0), (-3.7, 4.2, 0), (10.5, 7.25, 0), (0, 0, 0)]:
+        v, found = penrose(p)
+        print(' ', p, hexf(v), v, found)
+
+
 if __name__ == '__main__':
     print_noise_kinds()
     print_natural_kinds()
     print_pattern_kinds()
+    print_woven_kinds()
