@@ -8,7 +8,10 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QSpinBox>
-#include <cstring>
+#include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "editor/form_parts.h"
 #include "grainsmith/numeric.h"
@@ -76,25 +79,26 @@ PageWidgets buildPage(QWidget* page, const QString& heading, ParamTable table) {
 
     PageWidgets widgets;
     widgets.reserve(table.size());
-    const char* currentGroup = nullptr;
-    QBoxLayout* groupLayout = top;
-    int groups = 0;
+    // One group box per group title, in the order of first appearance; rows without a group
+    // sit directly on the page.
+    std::vector<std::pair<std::string_view, QBoxLayout*>> groups;
     for (const Param& p : table) {
         if (p.widget == Widget::Hidden) {
             widgets.push_back(nullptr);
             continue;
         }
-        // Rows that share a group title and follow each other share one group box.
-        if (currentGroup == nullptr || std::strcmp(currentGroup, p.group) != 0) {
-            currentGroup = p.group;
-            if (*p.group != '\0') {
-                QGroupBox* box = addGroup(top, QLatin1String(p.group), groupObjectName(groups++));
-                groupLayout = static_cast<QBoxLayout*>(box->layout());
+        QBoxLayout* layout = top;
+        if (*p.group != '\0') {
+            const auto found = std::find_if(groups.begin(), groups.end(), [&](const auto& g) { return g.first == p.group; });
+            if (found != groups.end()) {
+                layout = found->second;
             } else {
-                groupLayout = top;
+                QGroupBox* box = addGroup(top, QLatin1String(p.group), groupObjectName(static_cast<int>(groups.size())));
+                layout = static_cast<QBoxLayout*>(box->layout());
+                groups.emplace_back(p.group, layout);
             }
         }
-        widgets.push_back(addField(groupLayout, p));
+        widgets.push_back(addField(layout, p));
     }
     return widgets;
 }

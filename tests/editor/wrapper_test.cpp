@@ -184,5 +184,61 @@ TEST_F(WrapperTest, CamouflageSlidersMoveTheirPartners) {
     }
 }
 
+TEST_F(WrapperTest, WeavesVerticalMaximumSliderWritesTheHorizontalMaximum) {
+    if (!implemented("Weave")) GTEST_SKIP() << "Weave is not built yet";
+    const ParamTable table = findKind("Weave")->ops->parameters();
+    MainWindow dialog;
+    auto record = defaultRecord("Weave");
+    setRecordValue(record, table, "horizontalMaxColor", 0.6f);
+    setRecordValue(record, table, "verticalMaxColor", 0.8f);
+    dialog.loadFromHost(record.data(), std::array<char, 44>{}.data());
+    // Shown from its own field, without copying it into the horizontal one.
+    EXPECT_EQ(widget<QSlider>(dialog, "Weave", "verticalMaxColor")->value(), 80);
+    EXPECT_EQ(recordValue(currentRecord(dialog), table, "horizontalMaxColor"), 60.0f * 0.01f);  // its own grain
+    widget<QSlider>(dialog, "Weave", "verticalMaxColor")->setValue(30);
+    EXPECT_EQ(recordValue(currentRecord(dialog), table, "horizontalMaxColor"), 30.0f * 0.01f);
+    EXPECT_EQ(recordValue(currentRecord(dialog), table, "verticalMaxColor"), 0.8f);
+    // Weave's colour pairs keep no order.
+    widget<QSlider>(dialog, "Weave", "horizontalMaxColor")->setValue(20);
+    widget<QSlider>(dialog, "Weave", "horizontalMinColor")->setValue(90);
+    EXPECT_EQ(widget<QSlider>(dialog, "Weave", "horizontalMaxColor")->value(), 20);
+}
+
+TEST_F(WrapperTest, NestedShapesWidgetsChangeNothing) {
+    if (!implemented("Nested Shapes")) GTEST_SKIP() << "Nested Shapes is not built yet";
+    MainWindow dialog;
+    dialog.loadFromHost(defaultRecord("Nested Shapes").data(), std::array<char, 44>{}.data());
+    const std::vector<unsigned char> before = currentRecord(dialog);
+    hostCalls().clear();
+    widget<QSlider>(dialog, "Nested Shapes", "thickness")->setValue(3);
+    widget<QComboBox>(dialog, "Nested Shapes", "shapeType")->setCurrentIndex(2);
+    EXPECT_EQ(currentRecord(dialog), before);
+    EXPECT_TRUE(hostCalls().empty());
+}
+
+TEST_F(WrapperTest, ScalesDimensionsUseTheirFinerSteps) {
+    if (!implemented("Scales")) GTEST_SKIP() << "Scales is not built yet";
+    const ParamTable table = findKind("Scales")->ops->parameters();
+    MainWindow dialog;
+    dialog.loadFromHost(defaultRecord("Scales").data(), std::array<char, 44>{}.data());
+    widget<QSlider>(dialog, "Scales", "baseDimension")->setValue(37);
+    widget<QSlider>(dialog, "Scales", "edgeDimension")->setValue(37);
+    EXPECT_EQ(recordValue(currentRecord(dialog), table, "baseDimension"), 37.0f * 0.005f);
+    EXPECT_EQ(recordValue(currentRecord(dialog), table, "edgeDimension"), 37.0f * 0.001f);
+    // Each colour pair keeps its order.
+    widget<QSlider>(dialog, "Scales", "edgeMaxColor")->setValue(10);
+    widget<QSlider>(dialog, "Scales", "edgeMinColor")->setValue(55);
+    EXPECT_EQ(widget<QSlider>(dialog, "Scales", "edgeMaxColor")->value(), 55);
+}
+
+TEST_F(WrapperTest, PlaidPeriodsAreWholeNumbers) {
+    if (!implemented("Plaid")) GTEST_SKIP() << "Plaid is not built yet";
+    const ParamTable table = findKind("Plaid")->ops->parameters();
+    MainWindow dialog;
+    dialog.loadFromHost(defaultRecord("Plaid").data(), std::array<char, 44>{}.data());
+    widget<QSpinBox>(dialog, "Plaid", "horizontalPeriod")->setValue(7);
+    EXPECT_EQ(recordValue(currentRecord(dialog), table, "horizontalPeriod"), 7.0);
+}
+
 }  // namespace
 }  // namespace grainsmith::test
