@@ -28,6 +28,13 @@ enum class Widget : uint8_t {
     Hidden,      // not on the page
 };
 
+// How a slider moves its partner slider after storing its own value.
+enum class PartnerRule : uint8_t {
+    None,
+    Raise,  // the partner is set to this value when it is below it (a minimum pushes its maximum up)
+    Lower,  // the partner is set to this value when it is above it (a maximum pushes its minimum down)
+};
+
 struct Param {
     const char* name;        // accessor stem and command-line name, e.g. "mortarThickness"
     FieldType type;
@@ -46,6 +53,10 @@ struct Param {
     double scale = 1.0;       // slider value x scale = parameter
     bool scaleInDouble = false;  // the conversion is computed in double, then rounded to float
     const char* objectName = nullptr;  // the editor widget's object name where it differs from `name`
+    const char* partner = nullptr;     // the parameter whose slider this one moves (see PartnerRule)
+    PartnerRule partnerRule = PartnerRule::None;
+    const char* storesInto = nullptr;  // the parameter the widget writes, where it is not this one
+    bool inert = false;                // shown and set from the record, but changes nothing
 
     // One short sentence for the reference: what the parameter does to the texture.
     const char* description = "";

@@ -15,9 +15,11 @@ ParamTable GridTexture3D::parameters() {
          .description = "Gives each cube between the lines its own random grey instead of white."},
         {.name = "minColor", .type = FieldType::Float32, .offset = offsetof(GridData, minColor), .defaultValue = 0.5,
          .group = "Colors", .label = "Minimum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "maxColor", .partnerRule = PartnerRule::Raise,
          .description = "Darkest random cube grey."},
         {.name = "maxColor", .type = FieldType::Float32, .offset = offsetof(GridData, maxColor), .defaultValue = 1.0,
          .group = "Colors", .label = "Maximum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "minColor", .partnerRule = PartnerRule::Lower,
          .description = "Lightest random cube grey."},
     };
     return table;

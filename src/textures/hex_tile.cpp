@@ -27,9 +27,11 @@ ParamTable HexTileTexture3D::parameters() {
          .description = "Gives each tile its own random grey between the minimum and the maximum."},
         {.name = "minColor", .type = FieldType::Float32, .offset = offsetof(HexTileData, minColor),
          .defaultValue = 0.5, .group = "Colors", .label = "Minimum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "maxColor", .partnerRule = PartnerRule::Raise,
          .description = "Darkest random tile grey."},
         {.name = "maxColor", .type = FieldType::Float32, .offset = offsetof(HexTileData, maxColor),
          .defaultValue = 1.0, .group = "Colors", .label = "Maximum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "minColor", .partnerRule = PartnerRule::Lower,
          .description = "Lightest random tile grey."},
     };
     return table;

@@ -15,12 +15,12 @@ ParamTable NestedShapesTexture3D::parameters() {
     static constexpr Param table[] = {
         {.name = "shapeType", .type = FieldType::Enum, .offset = offsetof(NestedShapesData, shapeType),
          .defaultValue = Cylinder, .choices = kShapeNames, .group = "Shape", .label = "Shape",
-         .widget = Widget::Combo,  // shown on the page but deliberately unconnected
+         .widget = Widget::Combo, .inert = true,  // shown on the page but deliberately unconnected
          .description = "Shape of the shells: cylinders around z, spheres, square tubes around z or cubes, all "
                         "centred on the origin."},
         {.name = "thickness", .type = FieldType::Float32, .offset = offsetof(NestedShapesData, thickness),
          .defaultValue = 0.25, .group = "Shape", .label = "Thickness", .widget = Widget::Slider, .scale = 0.01,
-         // shown on the page (value x 100) but deliberately unconnected
+         .inert = true,  // shown on the page (value x 100) but deliberately unconnected
          .description = "Total width of each shell in texture units (0 to 1; 1 or more darkens everything)."},
     };
     return table;

@@ -13,9 +13,11 @@ ParamTable PsychedelicTexture3D::parameters() {
          .description = "Frequency of the noise that bends the grid: wilder swirls as it grows."},
         {.name = "minColor", .type = FieldType::Float32, .offset = offsetof(PsychedelicData, minColor),
          .defaultValue = 0.0, .group = "Colors", .label = "Minimum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "maxColor", .partnerRule = PartnerRule::Raise,
          .description = "Lowest grey a cell can take."},
         {.name = "maxColor", .type = FieldType::Float32, .offset = offsetof(PsychedelicData, maxColor),
          .defaultValue = 1.0, .group = "Colors", .label = "Maximum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "minColor", .partnerRule = PartnerRule::Lower,
          .description = "Highest grey a cell can take."},
     };
     return table;

@@ -29,9 +29,11 @@ ParamTable StripesTexture3D::parameters() {
          .description = "Gives each stripe its own random grey instead of black."},
         {.name = "minColor", .type = FieldType::Float32, .offset = offsetof(StripesData, minColor),
          .defaultValue = 0.0, .group = "Colors", .label = "Minimum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "maxColor", .partnerRule = PartnerRule::Raise,
          .description = "Darkest random stripe grey."},
         {.name = "maxColor", .type = FieldType::Float32, .offset = offsetof(StripesData, maxColor),
          .defaultValue = 1.0, .group = "Colors", .label = "Maximum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "minColor", .partnerRule = PartnerRule::Lower,
          .description = "Lightest random stripe grey."},
     };
     return table;

@@ -54,7 +54,7 @@ ParamTable WeaveTexture3D::parameters() {
         // Quirk: this slider writes horizontalMaxColor (through setVerticalMaxColor).
         {.name = "verticalMaxColor", .type = FieldType::Float32, .offset = offsetof(WeaveData, verticalMaxColor),
          .defaultValue = 1.0, .group = "Vertical Colors", .label = "Maximum", .widget = Widget::Slider,
-         .scale = 0.01,
+         .scale = 0.01, .storesInto = "horizontalMaxColor",
          .description = "Lightest random grey of the threads along y (0 to 1; set through a record, its slider "
                         "moves the horizontal maximum)."},
         {.name = "shadingEnable", .type = FieldType::Bool, .offset = offsetof(WeaveData, shadingEnable),
