@@ -38,8 +38,8 @@ void scriptEditorSession(demo::DemoWindow& window, const QString& screenshot) {
             if (items.isEmpty()) return;
             list->setCurrentItem(items.first());
             emit list->itemClicked(items.first());
-            if (auto* angle = dialog->findChild<QSlider*>(QStringLiteral("rotZ")); angle && angle->isVisible())
-                angle->setValue(20);
+            for (QSlider* angle : dialog->findChildren<QSlider*>(QStringLiteral("rotZ")))
+                if (angle->isVisible()) angle->setValue(20);
             phase = 1;
         } else if (phase == 1 && window.callbacks() > 0 && window.view().complete()) {
             const QPixmap shot = QGuiApplication::primaryScreen()->grabWindow(0);

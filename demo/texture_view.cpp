@@ -107,8 +107,8 @@ void TextureView::work() {
     }
     QElapsedTimer slice;
     slice.start();
-    const int step = pass_ == 0 ? 8 : 1;
     while (pass_ < kPasses && slice.elapsed() < 12) {
+        const int step = pass_ == 0 ? 8 : 1;
         renderRow(step);
         row_ += step;
         if (row_ >= image_.height()) {

@@ -17,13 +17,13 @@ namespace {
 
 const bool kServer = grainsmith::testing::usePrivateXServer("1400x900x24");
 
-struct Run {
+struct Outcome {
     int status = -1;
     std::string errors;
 };
 
 // Runs the demo host with `args`, killing it after `seconds`; collects its standard error.
-Run runDemo(std::vector<std::string> args, int seconds = 90) {
+Outcome runDemo(std::vector<std::string> args, int seconds = 90) {
     const std::string log = ::testing::TempDir() + "demo-host-stderr.txt";
     const pid_t child = fork();
     if (child == 0) {
@@ -35,7 +35,7 @@ Run runDemo(std::vector<std::string> args, int seconds = 90) {
         execv(argv[0], argv.data());
         _exit(127);
     }
-    Run run;
+    Outcome run;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
     while (waitpid(child, &run.status, WNOHANG) == 0) {
         if (std::chrono::steady_clock::now() > deadline) {
@@ -51,12 +51,12 @@ Run runDemo(std::vector<std::string> args, int seconds = 90) {
     return run;
 }
 
-bool exitedWith(const Run& r, int code) { return WIFEXITED(r.status) && WEXITSTATUS(r.status) == code; }
+bool exitedWith(const Outcome& r, int code) { return WIFEXITED(r.status) && WEXITSTATUS(r.status) == code; }
 
 TEST(DemoHost, ItsPreviewFollowsAnEditorSessionAndItsScreenshotIsWritten) {
     const std::string shot = GRAINSMITH_SCREENSHOT_PATH;
     unlink(shot.c_str());
-    const Run r = runDemo({"--screenshot", shot});
+    const Outcome r = runDemo({"--screenshot", shot});
     EXPECT_TRUE(exitedWith(r, 0)) << r.errors;
     struct stat s {};
     ASSERT_EQ(stat(shot.c_str(), &s), 0) << "no screenshot at " << shot;
@@ -67,7 +67,7 @@ TEST(DemoHost, SaysWhatIsWrongWithARecordFile) {
     const std::string path = ::testing::TempDir() + "bad-record.rec";
     const auto check = [&](const std::string& bytes, const std::string& message) {
         std::ofstream(path, std::ios::binary) << bytes;
-        const Run r = runDemo({"--record", path}, 60);
+        const Outcome r = runDemo({"--record", path}, 60);
         EXPECT_TRUE(exitedWith(r, 1)) << r.errors;
         EXPECT_NE(r.errors.find(message), std::string::npos) << r.errors;
     };
@@ -79,7 +79,7 @@ TEST(DemoHost, SaysWhatIsWrongWithARecordFile) {
     unknown[0] = 48;
     unknown.replace(1, 10, "Not A Kind");
     check(unknown, "a kind this plug-in does not render");
-    const Run missing = runDemo({"--record", path + ".missing"}, 60);
+    const Outcome missing = runDemo({"--record", path + ".missing"}, 60);
     EXPECT_TRUE(exitedWith(missing, 1));
     EXPECT_NE(missing.errors.find("Cannot read"), std::string::npos) << missing.errors;
 }

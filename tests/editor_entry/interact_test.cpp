@@ -19,6 +19,7 @@
 #include <chrono>
 #include <cstring>
 #include <functional>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -124,7 +125,10 @@ struct DialogSeen {
 // runs `act` on the dialog inside the Qt event loop of the call.
 class Driver {
 public:
-    explicit Driver(std::function<void(QWidget*)> act) : thread_([this, act] { run(act); }) {}
+    // The display name is read here, on the test's thread: Qt may change the environment while
+    // the driver runs, and getenv is not safe against that.
+    explicit Driver(std::function<void(QWidget*)> act)
+        : display_(std::getenv("DISPLAY")), thread_([this, act] { run(act); }) {}
     ~Driver() {
         if (thread_.joinable()) thread_.join();
     }
@@ -135,8 +139,12 @@ public:
 
 private:
     void run(const std::function<void(QWidget*)>& act) {
-        Display* d = XOpenDisplay(nullptr);
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+        Display* d = XOpenDisplay(display_.c_str());
+        if (!d) {
+            ADD_FAILURE() << "the driver cannot open " << display_;
+            return;
+        }
         Window dialog = 0;
         while (!dialog && std::chrono::steady_clock::now() < deadline) {
             dialog = findDialog(d);
@@ -151,6 +159,10 @@ private:
             XWindowAttributes a{};
             seen_.transientForShown = parent && XGetWindowAttributes(d, parent, &a) && a.map_state == IsViewable;
             seen_.modalState = hasState(d, dialog, "_NET_WM_STATE_MODAL");
+        }
+        // Even when the window was not seen, act, so that a dialog open somewhere gets closed
+        // and the test fails instead of hanging.
+        if (QCoreApplication::instance()) {
             QMetaObject::invokeMethod(
                 QCoreApplication::instance(),
                 [act] {
@@ -198,6 +210,7 @@ private:
         return has;
     }
 
+    std::string display_;
     DialogSeen seen_;
     std::thread thread_;
 };

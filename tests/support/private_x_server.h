@@ -1,6 +1,7 @@
 // A private X server (Xvfb) for one test process, so window tests neither need nor disturb the
 // user's display and can run in parallel: Xvfb picks a free display number itself (-displayfd)
-// and dies with the test process.
+// and dies with the test process. It never resets: an X server that resets when its last
+// client leaves refuses connections for a moment, which made tests fail at random.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -30,7 +31,7 @@ public:
             close(fds[0]);
             const std::string fd = std::to_string(fds[1]);
             execlp("Xvfb", "Xvfb", "-displayfd", fd.c_str(), "-screen", "0", screen_.c_str(), "-nolisten", "tcp",
-                   static_cast<char*>(nullptr));
+                   "-noreset", static_cast<char*>(nullptr));
             _exit(127);
         }
         close(fds[1]);
