@@ -4,6 +4,7 @@
 //
 // Usage: grainsmith-demo-host [--plugin PATH] [--record FILE] [--screenshot FILE.png]
 #include <QApplication>
+#include <QComboBox>
 #include <QCommandLineParser>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -36,12 +37,14 @@ void scriptEditorSession(demo::DemoWindow& window, const QString& screenshot) {
             auto* list = dialog->findChild<QListWidget*>();
             const auto items = list ? list->findItems(QStringLiteral("Wood"), Qt::MatchExactly) : QList<QListWidgetItem*>{};
             if (items.isEmpty()) return;
+            if (auto* colours = window.findChild<QComboBox*>()) colours->setCurrentText(QStringLiteral("Wood"));
             list->setCurrentItem(items.first());
             emit list->itemClicked(items.first());
             for (QSlider* angle : dialog->findChildren<QSlider*>(QStringLiteral("rotZ")))
                 if (angle->isVisible()) angle->setValue(20);
             phase = 1;
         } else if (phase == 1 && window.callbacks() > 0 && window.view().complete()) {
+            window.view().repaint();  // the last rows are painted before the picture is taken
             const QPixmap shot = QGuiApplication::primaryScreen()->grabWindow(0);
             if (!shot.save(screenshot)) std::fprintf(stderr, "cannot write %s\n", qPrintable(screenshot));
             if (auto* box = dialog->findChild<QDialogButtonBox*>()) box->button(QDialogButtonBox::Ok)->click();

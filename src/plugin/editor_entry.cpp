@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QGuiApplication>
 #include <QLayout>
+#include <QListWidget>
 #include <QPointer>
 #include <QScreen>
 #include <QWidget>
@@ -95,8 +96,10 @@ void runEditor(char* record, char* transform, void** hostData) {
         char placement[kTransformSize];
         dialog.takeTransform(placement);
         std::memcpy(transform, placement, sizeof placement);
-        // Tearing the pages down can move the list's selection; the host must hear nothing of
-        // that after the user has closed the dialog.
+        // Tearing the pages down deletes the list's items, which moves its current row: the
+        // dialog must not react to that half torn down, and the host must hear nothing of it
+        // after the user has closed the dialog.
+        QObject::disconnect(dialog.generatorList(), nullptr, &dialog, nullptr);
         grainsmith::setHostUpdateCallback(nullptr);
     }
     grainsmith::setHostUpdateCallback(callback);
