@@ -2,25 +2,40 @@
 
 #include <array>
 
+#include "grainsmith/textures/brick.h"
 #include "grainsmith/textures/camouflage.h"
 #include "grainsmith/textures/cell.h"
 #include "grainsmith/textures/checkerboard.h"
 #include "grainsmith/textures/cheetah.h"
 #include "grainsmith/textures/constant.h"
+#include "grainsmith/textures/corrugated.h"
 #include "grainsmith/textures/dented.h"
 #include "grainsmith/textures/eroded.h"
 #include "grainsmith/textures/fbm.h"
 #include "grainsmith/textures/gradient.h"
 #include "grainsmith/textures/granite.h"
+#include "grainsmith/textures/grid.h"
+#include "grainsmith/textures/hex_tile.h"
+#include "grainsmith/textures/houndstooth.h"
+#include "grainsmith/textures/nested_shapes.h"
+#include "grainsmith/textures/penrose_rhombus.h"
 #include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/plaid.h"
 #include "grainsmith/textures/psychedelic.h"
+#include "grainsmith/textures/scales.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/snakeskin.h"
 #include "grainsmith/textures/speckled_stone.h"
+#include "grainsmith/textures/spheres.h"
+#include "grainsmith/textures/spiral.h"
+#include "grainsmith/textures/stripes.h"
 #include "grainsmith/textures/turbulence.h"
 #include "grainsmith/textures/voronoi.h"
 #include "grainsmith/textures/voronoi_tile.h"
+#include "grainsmith/textures/weave.h"
 #include "grainsmith/textures/wood.h"
+#include "grainsmith/textures/zigzag.h"
 
 namespace grainsmith {
 namespace {
@@ -64,36 +79,36 @@ constexpr std::array kKinds{
     IMPLEMENTED(WoodTexture3D, 2, 3, no),
     IMPLEMENTED(PerlinTexture3D, 3, 1, yes),
     IMPLEMENTED(SimpleMarbleTexture3D, 4, 4, yes),
-    planned("Stripes", "StripesTexture3D", 60, 4, 5, 5, no),
-    planned("Spheres", "SpheresTexture3D", 48, 2, 6, 6, yes),
+    IMPLEMENTED(StripesTexture3D, 5, 5, no),
+    IMPLEMENTED(SpheresTexture3D, 6, 6, yes),
     IMPLEMENTED(GraniteTexture3D, 7, 7, yes),
     IMPLEMENTED(GradientTexture3D, 8, 8, no),
     IMPLEMENTED(ConstantTexture3D, 9, 0, no),
     IMPLEMENTED(SimplexTexture3D, 10, 9, yes),
     IMPLEMENTED(VoronoiTexture3D, 11, 10, yes),
-    planned("Brick", "BrickTexture3D", 92, 4, 12, 11, yes),
-    planned("Grid", "GridTexture3D", 52, 3, 13, 12, yes),
+    IMPLEMENTED(BrickTexture3D, 12, 11, yes),
+    IMPLEMENTED(GridTexture3D, 13, 12, yes),
     IMPLEMENTED(TurbulenceTexture3D, 14, 13, yes),
     IMPLEMENTED(FBMTexture3D, 15, 14, yes),
     IMPLEMENTED(ErodedTexture3D, 16, 15, yes),
-    planned("Nested Shapes", "NestedShapesTexture3D", 44, 2, 17, 16, no),
+    IMPLEMENTED(NestedShapesTexture3D, 17, 16, no),
     IMPLEMENTED(DentedTexture3D, 18, 17, yes),
     IMPLEMENTED(SpeckledStoneTexture3D, 19, 18, yes),
-    planned("HexTile", "HexTileTexture3D", 64, 3, 20, 19, no),
-    planned("Spiral", "SpiralTexture3D", 44, 2, 21, 20, yes),
+    IMPLEMENTED(HexTileTexture3D, 20, 19, no),
+    IMPLEMENTED(SpiralTexture3D, 21, 20, yes),
     IMPLEMENTED(CheetahTexture3D, 22, 21, yes),
     IMPLEMENTED(VoronoiTileTexture3D, 23, 22, yes),
-    planned("Weave", "WeaveTexture3D", 96, 3, 24, 23, no),
-    planned("Plaid", "PlaidTexture3D", 80, 1, 25, 24, no),
+    IMPLEMENTED(WeaveTexture3D, 24, 23, no),
+    IMPLEMENTED(PlaidTexture3D, 25, 24, no),
     IMPLEMENTED(PsychedelicTexture3D, 26, 25, yes),
     IMPLEMENTED(CamouflageTexture3D, 27, 26, yes),
-    planned("Zigzag", "ZigzagTexture3D", 44, 1, 28, 27, no),
-    planned("Corrugated", "CorrugatedTexture3D", 40, 1, 29, 28, no),
-    planned("Snakeskin", "SnakeskinTexture3D", 96, 1, 30, 29, no),
-    planned("Scales", "ScalesTexture3D", 124, 1, 31, 30, no),
-    planned("Houndstooth", "HoundstoothTexture3D", 48, 1, 32, 31, no),
+    IMPLEMENTED(ZigzagTexture3D, 28, 27, no),
+    IMPLEMENTED(CorrugatedTexture3D, 29, 28, no),
+    IMPLEMENTED(SnakeskinTexture3D, 30, 29, no),
+    IMPLEMENTED(ScalesTexture3D, 31, 30, no),
+    IMPLEMENTED(HoundstoothTexture3D, 32, 31, no),
     IMPLEMENTED(CellTexture3D, 0, 0, no),
-    planned("Penrose Rhombus", "PenroseRhombusTexture3D", 68, 1, 0, 0, no),
+    IMPLEMENTED(PenroseRhombusTexture3D, 0, 0, no),
 };
 
 #undef IMPLEMENTED

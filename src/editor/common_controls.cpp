@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QDoubleSpinBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QSlider>
 #include <QWidget>
@@ -51,9 +52,12 @@ CommonControls CommonControls::build() {
     c.overallScale->setValue(1.0);
     c.overallScale->setKeyboardTracking(false);
     c.overallScale->setFixedWidth(183);
-    auto* scaleRow = new QVBoxLayout;
-    addLabelledRow(scaleRow, QStringLiteral("Scale"), c.overallScale);
-    outerLayout->addLayout(scaleRow);
+    // The spin box is nearly as wide as the group, so its label sits above it.
+    auto* scaleLabel = new QLabel(QStringLiteral("Scale"));
+    scaleLabel->setObjectName(QStringLiteral("overallScaleLabel"));
+    scaleLabel->setBuddy(c.overallScale);
+    outerLayout->addWidget(scaleLabel);
+    outerLayout->addWidget(c.overallScale, 0, Qt::AlignHCenter);
 
     QGroupBox* scale = addGroup(outerLayout, QStringLiteral("Scale Factors"), QStringLiteral("scaleGroup"));
     scale->setStyleSheet(innerWidth);

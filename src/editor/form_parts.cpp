@@ -15,7 +15,7 @@ QGroupBox* addGroup(QBoxLayout* parent, const QString& title, const QString& obj
     auto* layout = new QVBoxLayout(group);
     layout->setContentsMargins(4, 12, 4, 4);
     layout->setSpacing(2);
-    parent->addWidget(group);
+    parent->addWidget(group, 0, Qt::AlignHCenter);
     return group;
 }
 

@@ -87,7 +87,12 @@ MainWindow::MainWindow(QWidget* parent) : QDialog(parent) {
     }
 }
 
-MainWindow::~MainWindow() { pages_.clear(); }
+MainWindow::~MainWindow() {
+    // Removing the items moves the list's current row; nothing may react to that any more.
+    formReady_ = false;
+    generatorList_->disconnect(this);
+    pages_.clear();
+}
 
 void MainWindow::setupUi() {
     setObjectName(QStringLiteral("MainWindow"));

@@ -7,18 +7,26 @@
 namespace grainsmith {
 
 ParamTable CamouflageTexture3D::parameters() {
+    // On the editor page each slider moves one other to its own value: the threshold pushes
+    // the base colour up, and each colour pulls the next one down (base, layer 1, layer 2,
+    // then the threshold). The chain stops within one round, since a slider already at the
+    // value is not moved again.
     static constexpr Param table[] = {
         {.name = "frequency", .type = FieldType::Float32, .offset = offsetof(CamouflageData, frequency),
          .defaultValue = 0.6, .group = "Pattern", .label = "Frequency", .widget = Widget::DoubleSpin,
          .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3},
         {.name = "threshold", .type = FieldType::Float32, .offset = offsetof(CamouflageData, threshold),
-         .defaultValue = 0.2, .group = "Pattern", .label = "Threshold", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.2, .group = "Pattern", .label = "Threshold", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "baseColor", .partnerRule = PartnerRule::Raise},
         {.name = "baseColor", .type = FieldType::Float32, .offset = offsetof(CamouflageData, baseColor),
-         .defaultValue = 1.0, .group = "Colors", .label = "Base", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 1.0, .group = "Colors", .label = "Base", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "layer1Color", .partnerRule = PartnerRule::Lower},
         {.name = "layer1Color", .type = FieldType::Float32, .offset = offsetof(CamouflageData, layer1Color),
-         .defaultValue = 0.8, .group = "Colors", .label = "Layer 1", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.8, .group = "Colors", .label = "Layer 1", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "layer2Color", .partnerRule = PartnerRule::Lower},
         {.name = "layer2Color", .type = FieldType::Float32, .offset = offsetof(CamouflageData, layer2Color),
-         .defaultValue = 0.3, .group = "Colors", .label = "Layer 2", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.3, .group = "Colors", .label = "Layer 2", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "threshold", .partnerRule = PartnerRule::Lower},
     };
     return table;
 }

@@ -11,9 +11,11 @@ ParamTable PsychedelicTexture3D::parameters() {
          .defaultValue = 1.0, .group = "Pattern", .label = "Frequency", .widget = Widget::DoubleSpin,
          .minimum = 0.0, .maximum = 99.99, .step = 0.1, .decimals = 3},
         {.name = "minColor", .type = FieldType::Float32, .offset = offsetof(PsychedelicData, minColor),
-         .defaultValue = 0.0, .group = "Colors", .label = "Minimum", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 0.0, .group = "Colors", .label = "Minimum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "maxColor", .partnerRule = PartnerRule::Raise},
         {.name = "maxColor", .type = FieldType::Float32, .offset = offsetof(PsychedelicData, maxColor),
-         .defaultValue = 1.0, .group = "Colors", .label = "Maximum", .widget = Widget::Slider, .scale = 0.01},
+         .defaultValue = 1.0, .group = "Colors", .label = "Maximum", .widget = Widget::Slider, .scale = 0.01,
+         .partner = "minColor", .partnerRule = PartnerRule::Lower},
     };
     return table;
 }

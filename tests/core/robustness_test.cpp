@@ -43,6 +43,13 @@ std::vector<std::vector<char>> recordsFor(const Kind& kind, std::mt19937& rng) {
         r[34] = 0;
         records.push_back(std::move(r));
     }
+    // The previous major version, which kinds with a migration take field by field.
+    for (int i = 0; i < 4; ++i) {
+        std::vector<char> r(size);
+        for (char& b : r) b = static_cast<char>(rng());
+        r[33] = static_cast<char>(kind.majorVersion - 1);
+        records.push_back(std::move(r));
+    }
     // Parameters set to NaN, infinities and huge counts, one pattern at a time.
     for (uint32_t pattern : {0x7FC00000u, 0x7F800000u, 0xFF800000u, 0x7FFFFFFFu, 0x80000000u, 0x4E800000u}) {
         std::vector<char> r(size);
