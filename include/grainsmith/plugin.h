@@ -46,6 +46,23 @@ GRAINSMITH_ENTRY float endSession(char* text, double value, char* record, int re
 // The host update callback found in hostData[7] by the editor entry.
 typedef void (*HostUpdateCallback)(float, int, void*, int, char* record, char* transform);
 
+// Opens the editor dialog modally over the host's main window (on X11: the top-level window of
+// this process whose WM_CLASS class is exactly "Marlix"; without one, centred on the screen).
+//   record   the host's description record (size byte 0: none yet). On OK it receives the
+//            chosen kind's record (as many bytes as its size byte says); on Cancel it is untouched.
+//   second   the 44-byte transform block, read on entry and written back in full on exit:
+//              offset 0 int32 flags (4 or 8: two-dimensional mode), 4 float overall scale,
+//              8/12/16 translate x/y/z, 20/24/28 scale factors x/y/z,
+//              32/36/40 rotation about x/y/z in whole turns.
+//            The library never applies it to points: placing the texture is the host's job.
+//   hostData entry 7 is stored as the host update callback (null: none), called on every edit
+//            with (4.0f, 8, NULL, 0, record copy, transform copy) on the calling thread.
+// Creates a QApplication for the call only when the host runs none, and destroys only that one.
+// Without a usable display (no DISPLAY nor WAYLAND_DISPLAY, or Qt's platform cannot start)
+// it returns at once, both blocks untouched. Always returns 1.0; never aborts the host.
+GRAINSMITH_ENTRY float interactWithUser(char* text, double value, char* record, int recordSize, char* second,
+                                        int secondSize, void** hostData);
+
 #ifdef __cplusplus
 }
 #endif
