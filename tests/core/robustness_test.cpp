@@ -24,7 +24,7 @@ const std::vector<float>& oddCoordinates() {
 }
 
 // Records whose bytes are random, some with the kind's own versions (so they are taken
-// whole), and a few with every parameter at an extreme bit pattern.
+// whole), some one major version older (migrated where the kind can), and a few with every parameter at an extreme bit pattern.
 std::vector<std::vector<char>> recordsFor(const Kind& kind, std::mt19937& rng) {
     std::vector<std::vector<char>> records;
     const size_t size = static_cast<size_t>(kind.recordSize);
@@ -34,6 +34,8 @@ std::vector<std::vector<char>> recordsFor(const Kind& kind, std::mt19937& rng) {
         if (i % 4 != 3) {
             r[33] = static_cast<char>(kind.majorVersion);
             r[34] = 0;
+        } else if (i % 8 == 7) {
+            r[33] = static_cast<char>(kind.majorVersion - 1);  // the older layout, for kinds that migrate
         }
         records.push_back(std::move(r));
     }

@@ -204,7 +204,9 @@ TEST(Snakeskin, DiamondScalesBetweenSkinLines) {
     t.setScaleVariabilityEnable(false);
     t.setScaleNoiseAdd(false);
     t.setRandomizeColors(false);
-    EXPECT_EQ(valueAt(t, 0.5f, 0.0f, 0.0f), 1.0f);   // centre: full grey
+    // Centre: white, fully domed, lit half way between its left and right corners: 1 x 0.875.
+    EXPECT_EQ(valueAt(t, 0.5f, 0.0f, 0.0f), 0.875f);
+    EXPECT_EQ(valueAt(t, 0.7f, 0.0f, 0.0f), 0.75f + 0.25f * 0.7f);  // nearer the free end: lighter
     EXPECT_EQ(valueAt(t, 0.0f, 0.0f, 0.0f), 0.0f);   // a corner: skin
     EXPECT_EQ(valueAt(t, 0.25f, 0.175f, 0.0f), 0.0f);  // on the upper left side
     // 0.08 from both sides near the left corner: a scale with sharp corners, skin once rounded
@@ -214,5 +216,5 @@ TEST(Snakeskin, DiamondScalesBetweenSkinLines) {
     EXPECT_GT(valueAt(t, 0.08f, 0.0f, 0.0f), 0.0f);
     // Random greys per scale: min + (max - min) x cellRandom2 of the cell (0, 0).
     t.setRandomizeColors(true);
-    EXPECT_EQ(valueAt(t, 0.5f, 0.0f, 0.0f), 0.55f + (0.9f - 0.55f) * (1376312576.0f * 0x1p-32f));
+    EXPECT_EQ(valueAt(t, 0.5f, 0.0f, 0.0f), (0.55f + (0.9f - 0.55f) * (1376312576.0f * 0x1p-32f)) * 0.875f);
 }

@@ -71,7 +71,7 @@ TEST(Weave, RandomGreysPerRowAndColumn) {
 }
 
 TEST(Weave, MigratesVersionTwoRecords) {
-    unsigned char old[92] = {};
+    unsigned char old[96] = {};  // a 92-byte record in a block big enough for any Weave record
     old[0] = 92;
     std::memcpy(old + 1, "Weave", 6);
     old[33] = 2;
