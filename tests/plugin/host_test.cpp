@@ -160,3 +160,27 @@ TEST(Host, FlagsComeFromTheSecondBlock) {
     }
     endSession();
 }
+
+TEST(Host, BrickVersion3RecordsMigrateOnBegin) {
+    ASSERT_NE(plugin().handle, nullptr) << dlerror();
+    // A 64-byte version 3.2 record: unit bricks without mortar, every brick grey 0.375.
+    std::vector<char> old = record(64, "Brick", 3, 2);
+    put<float>(old, 36, 1.0f);   // height
+    put<float>(old, 40, 1.0f);   // width
+    put<float>(old, 44, 1.0f);   // depth
+    put<float>(old, 48, 0.0f);   // mortar thickness
+    old[52] = 1;                 // randomize colours
+    put<float>(old, 56, 0.375f);
+    put<float>(old, 60, 0.375f);
+    begin(old);
+    EXPECT_EQ(one(0.5f, 0.5f, 0.5f), 0.375f);
+    EXPECT_EQ(one(0.5f, -1.0f, 0.5f), 0.5f);  // the cell below's joint, in the kept mortar grey
+    // A 4.1 record is ignored: the defaults evaluate.
+    std::vector<char> newer = record(92, "Brick", 4, 1);
+    begin(newer);
+    EXPECT_EQ(one(0.1f, 0.1f, 0.1f), 0x1.ca1cfp-3f);
+    // Two-dimensional flags fix the running bond's depth at 0.5 (layer 1, shifted half a brick).
+    begin(newer, 4);
+    EXPECT_EQ(one(0.405f, 0.1f, 0.1f), 0.5f);
+    EXPECT_EQ(endSession(), 1.0f);
+}

@@ -110,6 +110,18 @@ TEST(Brick, RoundedCornersOfTheRunningBond) {
     EXPECT_EQ(at(t, 0.405f, 0.22795f, 0.1f), kBrick);    // top edge, between the corners
     t.setRoundedCornersEnabled(false);
     EXPECT_EQ(at(t, 0.0081f, 0.01175f, 0.1f), kBrick);
+
+    // Bricks narrower than high: the x fraction is rescaled instead, and all four corners cut.
+    t.setRoundedCornersEnabled(true);
+    t.setRoundedCornersRadius(0.8f);
+    t.setBrickWidth(0.1f);
+    t.setBrickHeight(0.3f);
+    for (float x : {0x1.6872bp-7f, 0x1.958106p-4f}) {
+        for (float y : {0x1.9652bep-7f, 0x1.30be0ep-2f}) EXPECT_EQ(at(t, x, y, 0.2f), kMortar) << x << " " << y;
+    }
+    EXPECT_EQ(at(t, 0x1.c28f5cp-5f, 0x1.9652bep-7f, 0.2f), kBrick);  // bottom edge, mid-width
+    EXPECT_EQ(at(t, 0x1.6872bp-7f, 0x1.3d70a4p-3f, 0.2f), kBrick);   // left edge, mid-height
+    EXPECT_EQ(at(t, 0x1.0e5604p-5f, 0x1.9652bep-6f, 0.2f), kBrick);  // inside the lower-left circle
 }
 
 TEST(Brick, HerringboneBandsHalvesAndCorners) {

@@ -95,6 +95,10 @@ TEST(Zigzag, BandsAndClampedRandomGreys) {
     EXPECT_EQ(at(t, -1.37f, 0.51f, 2.86f), 0.75f);
     EXPECT_EQ(at(t, 1.5f, 0.5f, 9.0f), 0.25f);  // floor sum 1: floor(0.5) = 0, still band 0
     EXPECT_EQ(at(t, 1.5f, 1.5f, 9.0f), 0.75f);
+    // The band parity is worked in double: 2^24 + 3 halves to 8388609.5, floor odd; a float
+    // sum would have rounded to 2^24 + 4 (even).
+    EXPECT_EQ(at(t, 16777216.0f, 3.0f, 0.0f), 0.75f);
+    EXPECT_EQ(at(t, 16777216.0f, 1.0f, 0.0f), 0.25f);
     t.setRandomizeColors(true);
     EXPECT_EQ(at(t, 0.3f, 0.7f, 0.2f), 0x1.a411bap-3f);
     EXPECT_EQ(at(t, -1.37f, 0.51f, 2.86f), 0x1.83322ap-1f);

@@ -95,6 +95,29 @@ TEST(Houndstooth, BandThresholds) {
     t.setPattern(HoundstoothTexture3D::Sherlock);
     EXPECT_EQ(at(t, 0x1.b11f0cp+0f, 0.5f, 0.0f), 1.0f);
     EXPECT_EQ(at(t, 0x1.b11f0ep+0f, 0.5f, 0.0f), 0.0f);
+
+    // Every other band edge of the mixed cells (x even only: y in [1, 2); y even only:
+    // x in [1, 2)), at the edge's sum and one float below it.
+    struct Edge {
+        int pattern;
+        float x, y, value;
+    };
+    const Edge edges[] = {
+        {1, 0x1.0ea4a8p-2f, 0x1p+0f, 0.0f},  {1, 0x1.43a92ap+0f, 0x1p+1f, 0.0f},
+        {1, 0x1.3c56d6p-1f, 0x1p+0f, 1.0f},  {1, 0x1.3c56d4p-1f, 0x1p+0f, 0.0f},
+        {1, 0x1.9e2b6ap+0f, 0x1p+1f, 0.0f},  {1, 0x1.c3a92cp-1f, 0x1.8p+0f, 0.0f},
+        {1, 0x1.c3a928p-1f, 0x1.8p+0f, 1.0f}, {1, 0x1.e1d496p+0f, 0x1.4p+1f, 0.0f},
+        {1, 0x1.e1d494p+0f, 0x1.4p+1f, 1.0f}, {2, 0x1.935cap-2f, 0x1p+0f, 0.0f},
+        {2, 0x1.9b28d8p+0f, 0x1p+1f, 0.0f},  {2, 0x1.3b83dp-2f, 0x1.8p+0f, 1.0f},
+        {2, 0x1.3b83d8p-2f, 0x1.8p+0f, 1.0f}, {2, 0x1.b11f0ap+0f, 0x1.4p+1f, 1.0f},
+        {3, 0x1.8p+0f, 0x1p+1f, 0.0f},       {3, 0x1p-1f, 0x1.8p+0f, 0.0f},
+        {3, 0x1.8p+0f, 0x1.4p+1f, 1.0f},     {3, 0x1.fffffep-1f, 0x1p+0f, 1.0f},
+        {3, 0x1.fffffcp-1f, 0x1.8p+0f, 0.0f}, {3, 0x1.fffffep+0f, 0x1.4p+1f, 1.0f},
+    };
+    for (const Edge& e : edges) {
+        t.setPattern(e.pattern);
+        EXPECT_EQ(at(t, e.x, e.y, 0.0f), e.value) << e.pattern << " " << e.x << " " << e.y;
+    }
 }
 
 TEST(Houndstooth, RandomGreys) {
