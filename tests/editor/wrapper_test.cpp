@@ -8,6 +8,7 @@
 #include "editor_test_util.h"
 #include "grainsmith/numeric.h"
 #include "grainsmith/textures/camouflage.h"
+#include "grainsmith/textures/checkerboard.h"
 #include "grainsmith/textures/psychedelic.h"
 #include "grainsmith/textures/wood.h"
 
@@ -69,6 +70,35 @@ TEST_F(WrapperTest, InteractiveUpdateChangesTheRecordFlagAndTrackingButTellsNobo
     dialog.accept();
     dialog.takeResultRecord(result.data());
     EXPECT_EQ(result[35], 0);
+}
+
+// A drag: the slider is held down and moved twice, then released.
+void drag(QSlider* slider, int first, int second) {
+    slider->setSliderDown(true);
+    slider->setSliderPosition(first);
+    slider->setSliderPosition(second);
+    slider->setSliderDown(false);
+}
+
+TEST_F(WrapperTest, WithoutInteractiveUpdateADragNotifiesOnceAtRelease) {
+    const ParamTable table = CheckerboardTexture3D::parameters();
+    auto record = defaultRecord("Checkerboard");
+    record[35] = 0;
+    MainWindow dialog;
+    dialog.loadFromHost(record.data(), std::array<char, 44>{}.data());
+    hostCalls().clear();
+    drag(widget<QSlider>(dialog, "Checkerboard", "variability"), 10, 20);
+    drag(dialog.wrapperFor("Checkerboard")->common().translate[0], 10, 20);
+    ASSERT_EQ(hostCalls().size(), 2u);
+    EXPECT_EQ(recordValue(hostCalls()[0].record, table, "variability"), 20.0f * 0.01f);
+    EXPECT_EQ(hostCalls()[1].transform.translate[0], static_cast<float>(20 * 0.01));
+
+    // With it, every step of the drag reaches the host.
+    dialog.wrapperFor("Checkerboard")->common().newInteractiveUpdate->setChecked(true);
+    hostCalls().clear();
+    drag(widget<QSlider>(dialog, "Checkerboard", "variability"), 30, 40);
+    drag(dialog.wrapperFor("Checkerboard")->common().rotate[2], 30, 40);
+    EXPECT_EQ(hostCalls().size(), 4u);
 }
 
 TEST_F(WrapperTest, TheCallbackGetsItsFixedArgumentsAndCopiesOfRecordAndTransform) {
