@@ -29,6 +29,7 @@ Outcome runDemo(std::vector<std::string> args, int seconds = 90) {
     if (child == 0) {
         const int fd = open(log.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
         dup2(fd, 2);
+        setenv("LSAN_OPTIONS", GRAINSMITH_LSAN_QT_OPTIONS, 1);
         std::vector<char*> argv{const_cast<char*>(GRAINSMITH_DEMO_HOST_PATH)};
         for (std::string& a : args) argv.push_back(a.data());
         argv.push_back(nullptr);
