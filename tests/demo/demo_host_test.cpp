@@ -24,11 +24,13 @@ struct Outcome {
 
 // Runs the demo host with `args`, killing it after `seconds`; collects its standard error.
 Outcome runDemo(std::vector<std::string> args, int seconds = 90) {
-    const std::string log = ::testing::TempDir() + "demo-host-stderr.txt";
+    // Per process: ctest runs the tests of this program side by side.
+    const std::string log = ::testing::TempDir() + "demo-host-stderr-" + std::to_string(getpid()) + ".txt";
     const pid_t child = fork();
     if (child == 0) {
         const int fd = open(log.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
         dup2(fd, 2);
+        setenv("LSAN_OPTIONS", GRAINSMITH_LSAN_QT_OPTIONS, 1);
         std::vector<char*> argv{const_cast<char*>(GRAINSMITH_DEMO_HOST_PATH)};
         for (std::string& a : args) argv.push_back(a.data());
         argv.push_back(nullptr);
@@ -48,6 +50,7 @@ Outcome runDemo(std::vector<std::string> args, int seconds = 90) {
     }
     std::ifstream in(log);
     run.errors.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    unlink(log.c_str());
     return run;
 }
 
@@ -64,7 +67,7 @@ TEST(DemoHost, ItsPreviewFollowsAnEditorSessionAndItsScreenshotIsWritten) {
 }
 
 TEST(DemoHost, SaysWhatIsWrongWithARecordFile) {
-    const std::string path = ::testing::TempDir() + "bad-record.rec";
+    const std::string path = ::testing::TempDir() + "bad-record-" + std::to_string(getpid()) + ".rec";
     const auto check = [&](const std::string& bytes, const std::string& message) {
         std::ofstream(path, std::ios::binary) << bytes;
         const Outcome r = runDemo({"--record", path}, 60);
@@ -82,6 +85,7 @@ TEST(DemoHost, SaysWhatIsWrongWithARecordFile) {
     const Outcome missing = runDemo({"--record", path + ".missing"}, 60);
     EXPECT_TRUE(exitedWith(missing, 1));
     EXPECT_NE(missing.errors.find("Cannot read"), std::string::npos) << missing.errors;
+    unlink(path.c_str());
 }
 
 }  // namespace

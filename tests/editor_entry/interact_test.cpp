@@ -28,6 +28,15 @@ namespace {
 
 const bool kServer = grainsmith::testing::usePrivateXServer("1280x1024x24");
 
+}  // namespace
+
+// The sanitizer runtime looks this hook up by name, so it must be visible.
+extern "C" __attribute__((visibility("default"), used)) const char* __lsan_default_options() {
+    return GRAINSMITH_LSAN_QT_OPTIONS;
+}
+
+namespace {
+
 using Entry = float (*)(char*, double, char*, int, char*, int, void**);
 
 Entry interactWithUser() {

@@ -57,6 +57,10 @@ private:
     pid_t pid_ = -1;
 };
 
+// Leak checking for programs that start Qt's X11 platform (see lsan_qt_platform.supp): the
+// suppressions for this process, and the environment entry that passes them to a child.
+#define GRAINSMITH_LSAN_QT_OPTIONS "suppressions=" GRAINSMITH_TEST_SUPPORT_DIR "/lsan_qt_platform.supp"
+
 // Registers the server for the whole test program (call once, from a static initialiser).
 inline bool usePrivateXServer(std::string screen = "1280x1024x24") {
     ::testing::AddGlobalTestEnvironment(new PrivateXServer(std::move(screen)));
