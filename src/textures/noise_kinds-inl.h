@@ -1,0 +1,110 @@
+// The value of the noise kinds at a point, written once over a lanes type L (simd/): the
+// kinds' one-point operator instantiates it with ScalarLanes, the batch path of every SIMD
+// level (textures/batch_kernels.cpp) with HwyLanes, so both give the same bits.
+//
+// Re-included once per SIMD target (Highway's foreach_target).
+
+#if defined(GRAINSMITH_TEXTURES_NOISE_KINDS_INL_H_) == defined(HWY_TARGET_TOGGLE)
+#ifdef GRAINSMITH_TEXTURES_NOISE_KINDS_INL_H_
+#undef GRAINSMITH_TEXTURES_NOISE_KINDS_INL_H_
+#else
+#define GRAINSMITH_TEXTURES_NOISE_KINDS_INL_H_
+#endif
+
+#include "grainsmith/limits.h"
+#include "grainsmith/textures/cellular_kind.h"
+#include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/fractal_sum.h"
+#include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/simplex.h"
+#include "hwy/highway.h"
+#include "noise/noise_kernels-inl.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace grainsmith::kind_kernels::HWY_NAMESPACE {
+namespace noise = noise_kernels::HWY_NAMESPACE;
+
+// Below 0 (and NaN) gives 0, above 1 gives 1.
+template <class L>
+HWY_INLINE typename L::F clamp01(typename L::F v) {
+    const typename L::F low = L::select(L::ge(v, L::f(0.0f)), v, L::f(0.0f));
+    return L::select(L::gt(low, L::f(1.0f)), L::f(1.0f), low);
+}
+
+// "Perlin Noise": the octave sum (lacunarity 2, gain 0.5) remapped to [0, 1].
+template <class L>
+HWY_INLINE typename L::F perlinNoise(const PerlinData& d, bool planar, typename L::F x, typename L::F y,
+                                     typename L::F z) {
+    const int octaves = capLoopCount(d.octaves);
+    const typename L::F n = planar ? noise::fractalNoise2<L>(x, y, octaves, d.frequency, d.amplitude)
+                                   : noise::fractalNoise3<L>(x, y, z, octaves, d.frequency, d.amplitude);
+    return clamp01<L>((n + L::f(1.0f)) * L::f(0.5f));
+}
+
+// The octave loop shared by FBM and Turbulence: improved gradient noise at the scaled
+// point, the coordinates multiplied by the lacunarity and the weight by the gain after each
+// octave. `fold` shapes each octave's noise before it is weighted.
+template <class L, class Fold>
+HWY_INLINE typename L::F octaveSum(const FractalSumData& d, bool planar, typename L::F x, typename L::F y,
+                                   typename L::F z, Fold fold) {
+    using F = typename L::F;
+    const F scale = L::f(d.scale), lacunarity = L::f(d.lacunarity);
+    F qx = x * scale;
+    F qy = y * scale;
+    F qz = planar ? L::f(0.0f) : z * scale;  // the plane never reads z
+    F sum = L::f(0.0f);
+    float w = 1.0f;
+    const int count = capLoopCount(d.octaves);
+    for (int i = 0; i < count; ++i) {
+        const F n = planar ? noise::improvedNoise2<L>(qx, qy) : noise::improvedNoise3<L>(qx, qy, qz);
+        qx = qx * lacunarity;
+        qy = qy * lacunarity;
+        qz = qz * lacunarity;
+        sum = sum + fold(n) * L::f(w);
+        w *= d.gain;
+    }
+    return sum;
+}
+
+// "FBM": the octave sum remapped from about [-1, 1] to [0, 1].
+template <class L>
+HWY_INLINE typename L::F fbm(const FractalSumData& d, bool planar, typename L::F x, typename L::F y,
+                             typename L::F z) {
+    const typename L::F sum = octaveSum<L>(d, planar, x, y, z, [](typename L::F n) { return n; });
+    return clamp01<L>((sum + L::f(1.0f)) * L::f(0.5f));
+}
+
+// "Turbulence": the sum of the octaves' magnitudes, not remapped.
+template <class L>
+HWY_INLINE typename L::F turbulence(const FractalSumData& d, bool planar, typename L::F x, typename L::F y,
+                                    typename L::F z) {
+    return clamp01<L>(octaveSum<L>(d, planar, x, y, z, [](typename L::F n) { return L::abs(n); }));
+}
+
+// "Simplex": simplex noise at the scaled point, remapped to [0, 1].
+template <class L>
+HWY_INLINE typename L::F simplex(const SimplexData& d, bool planar, typename L::F x, typename L::F y,
+                                 typename L::F z) {
+    const typename L::F s = L::f(d.scale);
+    const typename L::F n =
+        planar ? noise::simplexNoise2<L>(x * s, y * s) : noise::simplexNoise3<L>(x * s, y * s, z * s);
+    return clamp01<L>((n + L::f(1.0f)) * L::f(0.5f));
+}
+
+// "Voronoi": the cellular value at the scaled point; above 1 gives 1, then below 0 (or
+// NaN) gives 0.
+template <class L>
+HWY_INLINE typename L::F voronoi(const CellularData& d, bool planar, typename L::F x, typename L::F y,
+                                 typename L::F z) {
+    using F = typename L::F;
+    const F s = L::f(d.scale);
+    F v = planar ? noise::voronoiValue<L>(x * s, y * s, L::f(0.0f), true, d.type, d.distanceMethod)
+                 : noise::voronoiValue<L>(x * s, y * s, z * s, false, d.type, d.distanceMethod);
+    v = L::select(L::gt(v, L::f(1.0f)), L::f(1.0f), v);
+    return L::select(L::ge(v, L::f(0.0f)), v, L::f(0.0f));
+}
+
+}  // namespace grainsmith::kind_kernels::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#endif  // include guard
