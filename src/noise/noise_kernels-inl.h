@@ -49,8 +49,8 @@ HWY_INLINE typename L::U byteOf(typename L::U v, int j) {
 // The subtraction wraps (NaN and -1e30 give INT32_MAX), so no value is undefined.
 template <class L>
 HWY_INLINE typename L::U noiseFloor(typename L::F c) {
-    const typename L::U i = L::truncate(c);
-    return L::selectU(L::ge(c, L::f(0.0f)), i, i - L::u(1));
+    // Adding the all-ones mask of "not c >= 0" subtracts the one.
+    return L::truncate(c) + L::maskBits(L::negate(L::ge(c, L::f(0.0f))));
 }
 
 // ((t * 6 - 15) * t + 10) * t^3, with t^3 = (t * t) * t.
@@ -83,22 +83,23 @@ HWY_INLINE typename L::F grad1(typename L::U hash, typename L::F x) {
 template <class L>
 HWY_INLINE typename L::F grad2(typename L::U hash, typename L::F x, typename L::F y) {
     const typename L::U h = hash & L::u(7);
-    const typename L::M uIsX = L::eqU(h & L::u(4), L::u(0));
-    const typename L::F u = L::select(uIsX, x, y), v = L::select(uIsX, y, x);
+    const typename L::U uIsY = L::template shr<2>(h);
+    const typename L::F u = L::choose(uIsY, x, y), v = L::choose(uIsY, y, x);
     return flipSign<L>(L::template shl<31>(h & L::u(1)), u) +
            flipSign<L>(L::template shl<30>(h & L::u(2)), L::f(2.0f) * v);
 }
 
 // 3-D gradient: one of the twelve cube-edge directions (four of them repeated).
-// u = x for h < 8, else y; v = y for h < 4, x for h 12 and 14, else z.
+// u = x for h < 8, else y; v = y for h < 4, x for h 12 and 14, else z. Which coordinate
+// (0 x, 1 y, 2 z) is read from a table, so that no branch depends on the random hash.
+inline constexpr uint8_t kGrad3U[16] = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
+inline constexpr uint8_t kGrad3V[16] = {1, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2, 2, 0, 2, 0, 2};
+
 template <class L>
 HWY_INLINE typename L::F grad3(typename L::U hash, typename L::F x, typename L::F y, typename L::F z) {
     const typename L::U h = hash & L::u(15);
-    const typename L::M uIsX = L::eqU(h & L::u(8), L::u(0));
-    const typename L::M vIsY = L::eqU(h & L::u(12), L::u(0));
-    const typename L::M vIsX = L::eqU(h & L::u(13), L::u(12));
-    const typename L::F u = L::select(uIsX, x, y);
-    const typename L::F v = L::select(vIsY, y, L::select(vIsX, x, z));
+    const typename L::F u = L::choose(L::lookup16(kGrad3U, h), x, y);
+    const typename L::F v = L::choose(L::lookup16(kGrad3V, h), x, y, z);
     return flipSign<L>(L::template shl<31>(h & L::u(1)), u) + flipSign<L>(L::template shl<30>(h & L::u(2)), v);
 }
 

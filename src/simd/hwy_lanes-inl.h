@@ -6,7 +6,10 @@
 // Operations every lanes type offers (F float lanes, U uint32 lanes, M masks):
 //   f(c), u(c)                     broadcast constants
 //   lt le gt ge eq (F), eqU (U)    comparisons (false on NaN); both, either, negate on masks
+//   maskBits(M) -> U               all ones where true, 0 where false
 //   select(M, F, F), selectU       per-lane choice
+//   choose(U i, F a, F b[, F c])   the operand numbered i (0, 1 or 2)
+//   lookup16(table, U i)           table[i] for a 16-entry byte table, i below 16
 //   truncate(F) -> U               toInt32: truncation, INT32_MIN for NaN / out of range
 //   toFloat(U), unsignedToFloat(U) signed / unsigned int32 to the nearest float
 //   bits, fromBits, shl<k>, shr<k> bit views and logical shifts
@@ -83,9 +86,21 @@ struct HwyLanes {
     static HWY_INLINE M both(M a, M b) { return hn::And(a, b); }
     static HWY_INLINE M either(M a, M b) { return hn::Or(a, b); }
     static HWY_INLINE M negate(M a) { return hn::Not(a); }
+    static HWY_INLINE U maskBits(M m) { return hn::BitCast(DU(), hn::VecFromMask(DF(), m)); }
 
     static HWY_INLINE F select(M m, F a, F b) { return hn::IfThenElse(m, a, b); }
     static HWY_INLINE U selectU(M m, U a, U b) { return hn::IfThenElse(hn::RebindMask(DU(), m), a, b); }
+
+    static HWY_INLINE F choose(U index, F a, F b) { return select(eqU(index, u(0)), a, b); }
+    static HWY_INLINE F choose(U index, F a, F b, F c) {
+        return select(eqU(index, u(0)), a, select(eqU(index, u(1)), b, c));
+    }
+    static HWY_INLINE U lookup16(const uint8_t* table, U index) {
+        // One byte shuffle: the index in each lane's low byte, the other bytes read as 0.
+        const hn::Repartition<uint8_t, DF> d8;
+        const auto bytes = hn::BitCast(d8, hn::Or(index, u(0x80808000u)));
+        return hn::BitCast(DU(), hn::TableLookupBytesOr0(hn::LoadDup128(d8, table), bytes));
+    }
 
     static HWY_INLINE U truncate(F v) { return hn::BitCast(DU(), TruncateToInt32(v)); }
     static HWY_INLINE F toFloat(U v) { return hn::ConvertTo(DF(), hn::BitCast(DI(), v)); }

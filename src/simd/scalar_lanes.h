@@ -34,11 +34,24 @@ struct ScalarLanes {
     static M both(M a, M b) { return a & b; }
     static M either(M a, M b) { return a | b; }
     static M negate(M a) { return ~a; }
+    // The mask as a uint32 lane: all ones where true, 0 where false.
+    static U maskBits(M m) { return m; }
 
     static F select(M m, F a, F b) {
         return std::bit_cast<float>((m & std::bit_cast<uint32_t>(a)) | (~m & std::bit_cast<uint32_t>(b)));
     }
     static U selectU(M m, U a, U b) { return (m & a) | (~m & b); }
+    // The operand numbered `index` (0, 1 or 2), read from a small table of the operands.
+    static F choose(U index, F a, F b) {
+        const float operands[2] = {a, b};
+        return operands[index];
+    }
+    static F choose(U index, F a, F b, F c) {
+        const float operands[3] = {a, b, c};
+        return operands[index];
+    }
+    // table[index] for a 16-entry byte table and an index below 16.
+    static U lookup16(const uint8_t* table, U index) { return table[index]; }
 
     // The project's float-to-int conversion (truncation; INT32_MIN for NaN and out of range).
     static U truncate(F v) { return static_cast<uint32_t>(toInt32(v)); }

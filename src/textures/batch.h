@@ -5,6 +5,7 @@
 #include "grainsmith/textures/cellular_kind.h"
 #include "grainsmith/textures/fractal_sum.h"
 #include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
 
 namespace grainsmith::batch {
@@ -13,6 +14,7 @@ void perlinNoise(const PerlinData& d, bool planar, const float* points, int n, f
 void fbm(const FractalSumData& d, bool planar, const float* points, int n, float* out);
 void turbulence(const FractalSumData& d, bool planar, const float* points, int n, float* out);
 void simplex(const SimplexData& d, bool planar, const float* points, int n, float* out);
+void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out);
 void voronoi(const CellularData& d, bool planar, const float* points, int n, float* out);
 
 }  // namespace grainsmith::batch

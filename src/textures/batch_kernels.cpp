@@ -65,6 +65,7 @@ GRAINSMITH_BATCH_ENTRY(FBMBatch, FractalSumData, fbm)
 GRAINSMITH_BATCH_ENTRY(TurbulenceBatch, FractalSumData, turbulence)
 GRAINSMITH_BATCH_ENTRY(SimplexBatch, SimplexData, simplex)
 GRAINSMITH_BATCH_ENTRY(VoronoiBatch, CellularData, voronoi)
+GRAINSMITH_BATCH_ENTRY(SimpleMarbleBatch, SimpleMarbleData, simpleMarble)
 
 #undef GRAINSMITH_BATCH_ENTRY
 
@@ -90,6 +91,7 @@ HWY_EXPORT(FBMBatch);
 HWY_EXPORT(TurbulenceBatch);
 HWY_EXPORT(SimplexBatch);
 HWY_EXPORT(VoronoiBatch);
+HWY_EXPORT(SimpleMarbleBatch);
 HWY_EXPORT(Level);
 
 void perlinNoise(const PerlinData& d, bool planar, const float* points, int n, float* out) {
@@ -106,6 +108,9 @@ void simplex(const SimplexData& d, bool planar, const float* points, int n, floa
 }
 void voronoi(const CellularData& d, bool planar, const float* points, int n, float* out) {
     HWY_DYNAMIC_DISPATCH(VoronoiBatch)(d, planar, points, n, out);
+}
+void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out) {
+    HWY_DYNAMIC_DISPATCH(SimpleMarbleBatch)(d, planar, points, n, out);
 }
 
 }  // namespace batch

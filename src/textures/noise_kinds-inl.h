@@ -16,6 +16,7 @@
 #include "grainsmith/textures/checkerboard.h"
 #include "grainsmith/textures/fractal_sum.h"
 #include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
 #include "hwy/highway.h"
 #include "noise/noise_kernels-inl.h"
@@ -102,6 +103,56 @@ HWY_INLINE typename L::F voronoi(const CellularData& d, bool planar, typename L:
                  : noise::voronoiValue<L>(x * s, y * s, z * s, false, d.type, d.distanceMethod);
     v = L::select(L::gt(v, L::f(1.0f)), L::f(1.0f), v);
     return L::select(L::ge(v, L::f(0.0f)), v, L::f(0.0f));
+}
+
+// Knots of the marble colour spline. The last entry is not a knot: at the top of the range
+// (t = 10, u = 0) the spline reads one knot past the twelfth and weights it by zero, so it
+// only has to be finite.
+inline constexpr float kMarbleKnots[14] = {0.7349143f,  0.7349143f,  0.32697144f, 0.32697144f, 0.32697144f,
+                                           0.7349143f,  0.7349143f,  0.18617715f, 0.18617715f, 0.12078286f,
+                                           0.12078286f, 0.7349143f,  0.12078286f, 0.0f};
+
+// Catmull-Rom spline through the knots, over a noise sum of about [-0.375, 0.125] mapped to [0, 10].
+template <class L>
+HWY_INLINE typename L::F marbleSpline(typename L::F sum) {
+    using F = typename L::F;
+    using U = typename L::U;
+    F t = sum * L::f(2.0f) + L::f(0.75f);
+    t = L::select(L::lt(t, L::f(0.0f)), L::f(0.0f), t);
+    t = L::select(L::gt(t, L::f(1.0f)), L::f(1.0f), t);
+    t = t * L::f(10.0f);
+    // t lies in [0, 10] or is NaN. A NaN reads knot 0 (the value stays NaN and the caller's
+    // clamp turns it into 0).
+    const U i = L::selectU(L::eq(t, t), L::truncate(t), L::u(0));
+    const F u = t - L::toFloat(i);
+    const F k0 = L::gather(kMarbleKnots, i), k1 = L::gather(kMarbleKnots, i + L::u(1));
+    const F k2 = L::gather(kMarbleKnots, i + L::u(2)), k3 = L::gather(kMarbleKnots, i + L::u(3));
+    const F c3 = L::f(-0.5f) * k0 + L::f(1.5f) * k1 - L::f(1.5f) * k2 + L::f(0.5f) * k3;
+    const F c2 = k0 - L::f(2.5f) * k1 + L::f(2.0f) * k2 - L::f(0.5f) * k3;
+    const F c1 = L::f(0.5f) * k2 - L::f(0.5f) * k0;
+    return ((c3 * u + c2) * u + c1) * u + k1;
+}
+
+// "Simple Marble": octaves of noise, each divided by its frequency (ratio 2.17, applied in
+// double and rounded once), shaped by the marble spline.
+template <class L>
+HWY_INLINE typename L::F simpleMarble(const SimpleMarbleData& d, bool planar, typename L::F x, typename L::F y,
+                                      typename L::F z) {
+    using F = typename L::F;
+    const F s = L::f(d.textureScale);
+    const F qx = x * s;
+    const F qy = y * s;
+    const F qz = planar ? L::f(0.0f) : z * s;  // the plane never reads z
+    F sum = L::f(0.0f);
+    float f = 1.0f;
+    const int terms = capLoopCount(d.octaves);
+    for (int k = 0; k < terms; ++k) {
+        const F vf = L::f(f);
+        const F n = planar ? noise::improvedNoise2<L>(qx * vf, qy * vf) : noise::improvedNoise3<L>(qx * vf, qy * vf, qz * vf);
+        sum = sum + n / vf;
+        f = static_cast<float>(static_cast<double>(f) * 2.17);
+    }
+    return clamp01<L>(marbleSpline<L>(sum));
 }
 
 }  // namespace grainsmith::kind_kernels::HWY_NAMESPACE
