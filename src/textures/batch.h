@@ -3,6 +3,7 @@
 #pragma once
 
 #include "grainsmith/textures/cellular_kind.h"
+#include "grainsmith/textures/checkerboard.h"
 #include "grainsmith/textures/fractal_sum.h"
 #include "grainsmith/textures/perlin_noise.h"
 #include "grainsmith/textures/simple_marble.h"
@@ -15,6 +16,7 @@ void fbm(const FractalSumData& d, bool planar, const float* points, int n, float
 void turbulence(const FractalSumData& d, bool planar, const float* points, int n, float* out);
 void simplex(const SimplexData& d, bool planar, const float* points, int n, float* out);
 void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out);
+void checkerboard(const CheckerboardData& d, const float* points, int n, float* out);
 void voronoi(const CellularData& d, bool planar, const float* points, int n, float* out);
 
 }  // namespace grainsmith::batch

@@ -14,6 +14,7 @@
 #include "simd/hwy_lanes-inl.h"
 #include "simd/scalar_lanes.h"
 #include "textures/noise_kinds-inl.h"
+#include "textures/pattern_kinds-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace grainsmith::batch::HWY_NAMESPACE {
@@ -67,6 +68,13 @@ GRAINSMITH_BATCH_ENTRY(SimplexBatch, SimplexData, simplex)
 GRAINSMITH_BATCH_ENTRY(VoronoiBatch, CellularData, voronoi)
 GRAINSMITH_BATCH_ENTRY(SimpleMarbleBatch, SimpleMarbleData, simpleMarble)
 
+// Checkerboard has no planar form.
+void CheckerboardBatch(const CheckerboardData& data, const float* points, int n, float* out) {
+    runBatch(points, n, out, [&](auto lanes, auto x, auto y, auto z) {
+        return kinds::checkerboard<decltype(lanes)>(data, x, y, z);
+    });
+}
+
 #undef GRAINSMITH_BATCH_ENTRY
 
 // The level this instance was compiled for.
@@ -92,6 +100,7 @@ HWY_EXPORT(TurbulenceBatch);
 HWY_EXPORT(SimplexBatch);
 HWY_EXPORT(VoronoiBatch);
 HWY_EXPORT(SimpleMarbleBatch);
+HWY_EXPORT(CheckerboardBatch);
 HWY_EXPORT(Level);
 
 void perlinNoise(const PerlinData& d, bool planar, const float* points, int n, float* out) {
@@ -111,6 +120,9 @@ void voronoi(const CellularData& d, bool planar, const float* points, int n, flo
 }
 void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out) {
     HWY_DYNAMIC_DISPATCH(SimpleMarbleBatch)(d, planar, points, n, out);
+}
+void checkerboard(const CheckerboardData& d, const float* points, int n, float* out) {
+    HWY_DYNAMIC_DISPATCH(CheckerboardBatch)(d, points, n, out);
 }
 
 }  // namespace batch
