@@ -461,7 +461,9 @@ HWY_INLINE void voronoiSearch(typename L::F x, typename L::F y, typename L::F z,
 // The final scale of every value, applied in double: sqrt(2), then 1 / sqrt(3).
 template <class L>
 HWY_INLINE typename L::F voronoiScaled(typename L::F v) {
-    return L::scaleInDouble(v, 1.4142135623730951, 0.5773502691896258);
+    return L::inDouble(v, v, [](auto d, auto, auto ops) {
+        return d * ops.c(1.4142135623730951) * ops.c(0.5773502691896258);
+    });
 }
 
 // How many of the nearest distances a type reads.

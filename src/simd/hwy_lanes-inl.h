@@ -16,7 +16,7 @@
 //   floor, sqrt, abs               exactly rounded as the C library's floorf/sqrtf/fabsf
 //   bytes4(table, offset)          4 table bytes from offset, little-endian
 //   gather(table, index)           table[index]
-//   scaleInDouble(v, a, b)         float((double(v) * a) * b)
+//   inDouble(a, b, fn)             float(fn(double(a), double(b), ops)), ops.c(v) / ops.abs(v)
 //   perLane(v, fn)                 fn called on each lane (library functions such as pow)
 // plus the operators + - * on F and + - * & | ^ on U.
 
@@ -129,13 +129,21 @@ struct HwyLanes {
         return hn::GatherIndex(DF(), table, hn::BitCast(DI(), index));
     }
 
-    static HWY_INLINE F scaleInDouble(F v, double a, double b) {
+    struct DoubleOps {
+        static HWY_INLINE hn::Vec<hn::RepartitionToWide<DF>> c(double v) {
+            return hn::Set(hn::RepartitionToWide<DF>(), v);
+        }
+        static HWY_INLINE hn::Vec<hn::RepartitionToWide<DF>> abs(hn::Vec<hn::RepartitionToWide<DF>> v) {
+            return hn::Abs(v);
+        }
+    };
+    template <class Fn>
+    static HWY_INLINE F inDouble(F a, F b, Fn fn) {
         const DF df;
         const hn::Half<DF> dh;
         const hn::RepartitionToWide<DF> dd;
-        const auto va = hn::Set(dd, a), vb = hn::Set(dd, b);
-        const auto lo = hn::PromoteTo(dd, hn::LowerHalf(dh, v)) * va * vb;
-        const auto hi = hn::PromoteTo(dd, hn::UpperHalf(dh, v)) * va * vb;
+        const auto lo = fn(hn::PromoteTo(dd, hn::LowerHalf(dh, a)), hn::PromoteTo(dd, hn::LowerHalf(dh, b)), DoubleOps{});
+        const auto hi = fn(hn::PromoteTo(dd, hn::UpperHalf(dh, a)), hn::PromoteTo(dd, hn::UpperHalf(dh, b)), DoubleOps{});
         return hn::Combine(df, hn::DemoteTo(dh, hi), hn::DemoteTo(dh, lo));
     }
 

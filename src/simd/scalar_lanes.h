@@ -79,9 +79,15 @@ struct ScalarLanes {
     }
     static F gather(const float* table, U index) { return table[index]; }
 
-    // v widened to double, multiplied by a then by b in double, rounded once to float.
-    static F scaleInDouble(F v, double a, double b) {
-        return static_cast<float>(static_cast<double>(v) * a * b);
+    // fn(a, b, ops) evaluated in double on a and b widened, rounded once to float; ops.c(v)
+    // is a double constant, ops.abs(v) the magnitude.
+    struct DoubleOps {
+        static double c(double v) { return v; }
+        static double abs(double v) { return std::fabs(v); }
+    };
+    template <class Fn>
+    static F inDouble(F a, F b, Fn fn) {
+        return static_cast<float>(fn(static_cast<double>(a), static_cast<double>(b), DoubleOps{}));
     }
     // Calls a scalar function on every lane (for library functions such as pow).
     template <class Fn>

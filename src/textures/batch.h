@@ -4,7 +4,9 @@
 
 #include "grainsmith/textures/cellular_kind.h"
 #include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/folded_noise_kind.h"
 #include "grainsmith/textures/fractal_sum.h"
+#include "grainsmith/textures/granite.h"
 #include "grainsmith/textures/perlin_noise.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
@@ -17,6 +19,9 @@ void turbulence(const FractalSumData& d, bool planar, const float* points, int n
 void simplex(const SimplexData& d, bool planar, const float* points, int n, float* out);
 void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out);
 void checkerboard(const CheckerboardData& d, const float* points, int n, float* out);
+void granite(const GraniteData& d, bool planar, const float* points, int n, float* out);
+void dents(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
+void erosion(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
 void voronoi(const CellularData& d, bool planar, const float* points, int n, float* out);
 
 }  // namespace grainsmith::batch

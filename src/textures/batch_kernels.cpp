@@ -67,6 +67,9 @@ GRAINSMITH_BATCH_ENTRY(TurbulenceBatch, FractalSumData, turbulence)
 GRAINSMITH_BATCH_ENTRY(SimplexBatch, SimplexData, simplex)
 GRAINSMITH_BATCH_ENTRY(VoronoiBatch, CellularData, voronoi)
 GRAINSMITH_BATCH_ENTRY(SimpleMarbleBatch, SimpleMarbleData, simpleMarble)
+GRAINSMITH_BATCH_ENTRY(GraniteBatch, GraniteData, granite)
+GRAINSMITH_BATCH_ENTRY(DentsBatch, FoldedNoiseData, dents)
+GRAINSMITH_BATCH_ENTRY(ErosionBatch, FoldedNoiseData, erosion)
 
 // Checkerboard has no planar form.
 void CheckerboardBatch(const CheckerboardData& data, const float* points, int n, float* out) {
@@ -101,6 +104,9 @@ HWY_EXPORT(SimplexBatch);
 HWY_EXPORT(VoronoiBatch);
 HWY_EXPORT(SimpleMarbleBatch);
 HWY_EXPORT(CheckerboardBatch);
+HWY_EXPORT(GraniteBatch);
+HWY_EXPORT(DentsBatch);
+HWY_EXPORT(ErosionBatch);
 HWY_EXPORT(Level);
 
 void perlinNoise(const PerlinData& d, bool planar, const float* points, int n, float* out) {
@@ -120,6 +126,15 @@ void voronoi(const CellularData& d, bool planar, const float* points, int n, flo
 }
 void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out) {
     HWY_DYNAMIC_DISPATCH(SimpleMarbleBatch)(d, planar, points, n, out);
+}
+void granite(const GraniteData& d, bool planar, const float* points, int n, float* out) {
+    HWY_DYNAMIC_DISPATCH(GraniteBatch)(d, planar, points, n, out);
+}
+void dents(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out) {
+    HWY_DYNAMIC_DISPATCH(DentsBatch)(d, planar, points, n, out);
+}
+void erosion(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out) {
+    HWY_DYNAMIC_DISPATCH(ErosionBatch)(d, planar, points, n, out);
 }
 void checkerboard(const CheckerboardData& d, const float* points, int n, float* out) {
     HWY_DYNAMIC_DISPATCH(CheckerboardBatch)(d, points, n, out);

@@ -14,7 +14,9 @@
 #include "grainsmith/limits.h"
 #include "grainsmith/textures/cellular_kind.h"
 #include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/folded_noise_kind.h"
 #include "grainsmith/textures/fractal_sum.h"
+#include "grainsmith/textures/granite.h"
 #include "grainsmith/textures/perlin_noise.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
@@ -153,6 +155,73 @@ HWY_INLINE typename L::F simpleMarble(const SimpleMarbleData& d, bool planar, ty
         f = static_cast<float>(static_cast<double>(f) * 2.17);
     }
     return clamp01<L>(marbleSpline<L>(sum));
+}
+
+// "Granite": octaves of noise folded about 0.5, each weighed by its frequency and summed
+// in double (rounded to float after each octave).
+template <class L>
+HWY_INLINE typename L::F granite(const GraniteData& d, bool planar, typename L::F x, typename L::F y,
+                                 typename L::F z) {
+    using F = typename L::F;
+    const F four = L::f(4.0f);
+    F sum = L::f(0.0f);
+    float f = d.frequency;
+    const int terms = capLoopCount(d.octaves);
+    for (int k = 0; k < terms; ++k) {
+        const F vf = L::f(f);
+        const F n = planar ? noise::improvedNoise2<L>(four * x * vf, four * y * vf)
+                           : noise::improvedNoise3<L>(four * x * vf, four * y * vf, four * z * vf);
+        const double weight = f;
+        sum = L::inDouble(n, sum, [weight](auto dn, auto ds, auto ops) {
+            return ops.abs(ops.c(0.5) - dn) / ops.c(weight) + ds;
+        });
+        f *= 2.0f;
+    }
+    return clamp01<L>(sum);
+}
+
+// The folded-noise sum shared by "Dents" and "Erosion": six terms, whatever the record
+// holds; each folds one octave of noise about its midpoint, |0.5 - (n + 1) / 2|, weights it
+// by k / f and adds it on (in double, stored as float); f doubles per term. The result is
+// sum^3 x magnitude.
+template <class L>
+HWY_INLINE typename L::F foldedNoiseSum(const FoldedNoiseData& d, bool planar, typename L::F x, typename L::F y,
+                                        typename L::F z, float f0, double k) {
+    using F = typename L::F;
+    const F scale = L::f(d.scale);
+    const F qx = x * scale, qy = y * scale, qz = z * scale;
+    F sum = L::f(0.0f);
+    float f = f0;
+    for (int term = 0; term < 6; ++term) {
+        const F vf = L::f(f);
+        const F n = planar ? noise::improvedNoise2<L>(qx * vf, qy * vf) : noise::improvedNoise3<L>(qx * vf, qy * vf, qz * vf);
+        const double weight = f;
+        sum = L::inDouble(n, sum, [weight, k](auto dn, auto ds, auto ops) {
+            const auto folded = ops.abs(ops.c(0.5) - (dn + ops.c(1.0)) * ops.c(0.5));
+            return folded * ops.c(k) / ops.c(weight) + ds;
+        });
+        f *= 2.0f;
+    }
+    return sum * sum * sum * L::f(d.magnitude);
+}
+
+// "Dents": the folded sum from frequency 1, clamped.
+template <class L>
+HWY_INLINE typename L::F dents(const FoldedNoiseData& d, bool planar, typename L::F x, typename L::F y,
+                               typename L::F z) {
+    return clamp01<L>(foldedNoiseSum<L>(d, planar, x, y, z, 1.0f, 1.0));
+}
+
+// "Erosion": the folded sum from frequency 4 through a smooth step from 0 to 1 over
+// [0.0001, 0.003]; NaN falls through to 1.
+template <class L>
+HWY_INLINE typename L::F erosion(const FoldedNoiseData& d, bool planar, typename L::F x, typename L::F y,
+                                 typename L::F z) {
+    using F = typename L::F;
+    const F v = foldedNoiseSum<L>(d, planar, x, y, z, 4.0f, 4.0);
+    const F u = (v - L::f(0.0001f)) * L::f(344.82758f);
+    const F smooth = (L::f(3.0f) - L::f(2.0f) * u) * (u * u);
+    return L::select(L::lt(v, L::f(0.0001f)), L::f(0.0f), L::select(L::lt(v, L::f(0.003f)), smooth, L::f(1.0f)));
 }
 
 }  // namespace grainsmith::kind_kernels::HWY_NAMESPACE
