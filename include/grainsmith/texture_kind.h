@@ -8,6 +8,8 @@
 //   static constexpr int kMajor     major version (the minor version is 0 for every kind)
 //   static ParamTable parameters()  its parameter table
 //   float evaluate(const float* p) const   the value at one point
+// and, where a vectorised batch path exists,
+//   void evaluateBatch(const float* points, int n, float* out) const   (the same values as evaluate)
 // and, where old records can be migrated,
 //   static constexpr int kMigratesFromMajor;
 //   void migrate(const char* oldRecord)    moves the old fields into data_
@@ -34,7 +36,11 @@ public:
     void setInteractiveUpdate(bool on) { data_.head.interactiveUpdate = on; }
 
     void operator()(const float* points, int n, float* out) const override {
-        for (int i = 0; i < n; ++i) out[i] = (*this)(points + 3 * i);
+        if constexpr (requires(const Derived& kind) { kind.evaluateBatch(points, n, out); }) {
+            if (n > 0) static_cast<const Derived*>(this)->evaluateBatch(points, n, out);
+        } else {
+            for (int i = 0; i < n; ++i) out[i] = (*this)(points + 3 * i);
+        }
     }
 
     float operator()(const float* p) const override { return static_cast<const Derived*>(this)->evaluate(p); }

@@ -7,7 +7,10 @@
 #include <cstdint>
 
 #include "grainsmith/limits.h"
-#include "noise/noise_common.h"
+#include "hwy/highway.h"
+#include "noise/noise_kernels-inl.h"
+#include "noise/noise_tables.h"
+#include "simd/scalar_lanes.h"
 
 namespace grainsmith {
 
@@ -32,115 +35,45 @@ namespace grainsmith {
 
 const uint8_t perm[512] = {GRAINSMITH_REFERENCE_PERMUTATION, GRAINSMITH_REFERENCE_PERMUTATION};
 
+namespace noise_detail {
+const uint8_t kPermPadded[520] = {GRAINSMITH_REFERENCE_PERMUTATION, GRAINSMITH_REFERENCE_PERMUTATION};
+}  // namespace noise_detail
+
 namespace {
 
 constexpr int32_t kReference[256] = {GRAINSMITH_REFERENCE_PERMUTATION};
 
 #undef GRAINSMITH_REFERENCE_PERMUTATION
 
-using noise_detail::cellFraction;
-using noise_detail::fade;
-using noise_detail::grad1;
-using noise_detail::grad2;
-using noise_detail::grad3;
-using noise_detail::latticeIndex;
-using noise_detail::lerp;
-using noise_detail::noiseFloor;
+using simd::ScalarLanes;
+namespace kernels = noise_kernels::HWY_NAMESPACE;
 
-// Reads the byte table shared by the free functions.
-struct ByteTable {
-    uint32_t operator()(uint32_t i) const { return perm[i]; }
-};
-
-// Reads the class-wide table of ImprovedPerlin (see there for why the loads are atomic).
-struct SharedTable {
+// Reads the class-wide table of ImprovedPerlin (see there for why the loads are atomic):
+// byte 0 of the result is p[i], byte 1 p[i + 1].
+struct SharedTablePairs {
     int* table;
     uint32_t operator()(uint32_t i) const {
-        return static_cast<uint32_t>(std::atomic_ref<int>(table[i]).load(std::memory_order_relaxed));
+        const auto at = [this](uint32_t j) {
+            return static_cast<uint32_t>(std::atomic_ref<int>(table[j]).load(std::memory_order_relaxed));
+        };
+        return (at(i) & 255u) | (at(i + 1) & 255u) << 8;
     }
 };
-
-// One octave of 3-D noise, unscaled, hashing through `P` (indices below 512 by construction:
-// a lattice index is at most 255 and every table value at most 255).
-template <typename Table>
-inline float gradientNoise3(Table P, float x, float y, float z) {
-    const int32_t cx = noiseFloor(x), cy = noiseFloor(y), cz = noiseFloor(z);
-    const uint32_t X = latticeIndex(cx), Y = latticeIndex(cy), Z = latticeIndex(cz);
-    const float fx = cellFraction(x, cx), fy = cellFraction(y, cy), fz = cellFraction(z, cz);
-    const float u = fade(fx), v = fade(fy), w = fade(fz);
-
-    const uint32_t A = P(X) + Y, AA = P(A) + Z, AB = P(A + 1) + Z;
-    const uint32_t B = P(X + 1) + Y, BA = P(B) + Z, BB = P(B + 1) + Z;
-
-    const float gx = fx - 1.0f, gy = fy - 1.0f, gz = fz - 1.0f;
-    return lerp(w,
-                lerp(v, lerp(u, grad3(P(AA), fx, fy, fz), grad3(P(BA), gx, fy, fz)),
-                     lerp(u, grad3(P(AB), fx, gy, fz), grad3(P(BB), gx, gy, fz))),
-                lerp(v, lerp(u, grad3(P(AA + 1), fx, fy, gz), grad3(P(BA + 1), gx, fy, gz)),
-                     lerp(u, grad3(P(AB + 1), fx, gy, gz), grad3(P(BB + 1), gx, gy, gz))));
-}
-
-// One octave of 2-D noise, unscaled.
-inline float gradientNoise2(float x, float y) {
-    const int32_t cx = noiseFloor(x), cy = noiseFloor(y);
-    const uint32_t X = latticeIndex(cx), Y = latticeIndex(cy);
-    const float fx = cellFraction(x, cx), fy = cellFraction(y, cy);
-    const uint32_t A = perm[X] + Y, B = perm[X + 1] + Y;
-    const float c00 = grad2(perm[A], fx, fy);
-    const float c10 = grad2(perm[B], fx - 1.0f, fy);
-    const float c01 = grad2(perm[A + 1], fx, fy - 1.0f);
-    const float c11 = grad2(perm[B + 1], fx - 1.0f, fy - 1.0f);
-    const float sx = fade(fx);
-    return lerp(fade(fy), lerp(sx, c00, c10), lerp(sx, c01, c11));
-}
-
-// The scaled noises, shared by the public functions and the octave sums (which therefore
-// inline them instead of calling through the exported symbols).
-inline float scaledNoise2(float x, float y) { return 0.507f * gradientNoise2(x, y); }
-inline float scaledNoise3(float x, float y, float z) { return 0.936f * gradientNoise3(ByteTable{}, x, y, z); }
 
 }  // namespace
 
-float improved_noise1(float x) {
-    const int32_t cx = noiseFloor(x);
-    const float f = cellFraction(x, cx);
-    const float c0 = grad1(perm[latticeIndex(cx)], f);
-    const float c1 = grad1(perm[(static_cast<uint32_t>(cx) + 1u) & 255u], f - 1.0f);
-    return 0.188f * lerp(fade(f), c0, c1);
-}
+float improved_noise1(float x) { return kernels::improvedNoise1<ScalarLanes>(x); }
 
-float improved_noise2(float x, float y) { return scaledNoise2(x, y); }
+float improved_noise2(float x, float y) { return kernels::improvedNoise2<ScalarLanes>(x, y); }
 
-float improved_noise3(float x, float y, float z) { return scaledNoise3(x, y, z); }
+float improved_noise3(float x, float y, float z) { return kernels::improvedNoise3<ScalarLanes>(x, y, z); }
 
 float fractal_noise_2D(float x, float y, int octaves, float frequency, float amplitude) {
-    if (octaves < 1) return 0.0f;
-    x *= frequency;
-    y *= frequency;
-    float w = amplitude, sum = 0.0f;
-    for (int o = 0, n = capLoopCount(octaves); o < n; ++o) {
-        sum += scaledNoise2(x, y) * w;
-        x *= 2.0f;
-        y *= 2.0f;
-        w *= 0.5f;
-    }
-    return sum;
+    return kernels::fractalNoise2<ScalarLanes>(x, y, octaves, frequency, amplitude);
 }
 
 float fractal_noise_3D(float x, float y, float z, int octaves, float frequency, float amplitude) {
-    if (octaves < 1) return 0.0f;
-    x *= frequency;
-    y *= frequency;
-    z *= frequency;
-    float w = amplitude, sum = 0.0f;
-    for (int o = 0, n = capLoopCount(octaves); o < n; ++o) {
-        sum += scaledNoise3(x, y, z) * w;
-        x *= 2.0f;
-        y *= 2.0f;
-        z *= 2.0f;
-        w *= 0.5f;
-    }
-    return sum;
+    return kernels::fractalNoise3<ScalarLanes>(x, y, z, octaves, frequency, amplitude);
 }
 
 // The class-wide table is all zeros until the first construction; every construction
@@ -155,7 +88,7 @@ ImprovedPerlin::ImprovedPerlin() {
     }
 }
 
-float ImprovedPerlin::noise3(float x, float y, float z) { return gradientNoise3(SharedTable{p}, x, y, z); }
+float ImprovedPerlin::noise3(float x, float y, float z) { return kernels::gradientNoise3<ScalarLanes>(SharedTablePairs{p}, x, y, z); }
 
 float ImprovedPerlin::noise3(float* v) { return noise3(v[0], v[1], v[2]); }
 
@@ -166,7 +99,7 @@ float ImprovedPerlin::perlin_noise_3D(float* vec, int octaves, float frequency, 
     float x = vec[0] * frequency, y = vec[1] * frequency, z = vec[2] * frequency;
     float w = amplitude, sum = 0.0f;
     for (int o = 0, n = capLoopCount(octaves); o < n; ++o) {
-        sum += gradientNoise3(SharedTable{p}, x, y, z) * w;
+        sum += kernels::gradientNoise3<ScalarLanes>(SharedTablePairs{p}, x, y, z) * w;
         x *= 2.0f;
         y *= 2.0f;
         z *= 2.0f;

@@ -1,7 +1,9 @@
 #include "grainsmith/textures/dented.h"
 
-#include "grainsmith/numeric.h"
-#include "textures/folded_noise.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/noise_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -20,7 +22,11 @@ ParamTable DentedTexture3D::parameters() {
 }
 
 float DentedTexture3D::evaluate(const float* p) const {
-    return clamp01(detail::foldedNoiseSum(p, data_.scale, data_.magnitude, 1.0f, 1.0, planar()));
+    return kind_kernels::HWY_NAMESPACE::dents<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void DentedTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::dents(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

@@ -1,6 +1,9 @@
 #include "grainsmith/textures/eroded.h"
 
-#include "textures/folded_noise.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/noise_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -19,14 +22,11 @@ ParamTable ErodedTexture3D::parameters() {
 }
 
 float ErodedTexture3D::evaluate(const float* p) const {
-    const float v = detail::foldedNoiseSum(p, data_.scale, data_.magnitude, 4.0f, 4.0, planar());
-    // Smooth step from 0 to 1 over [0.0001, 0.003]; NaN falls through to 1.
-    if (v < 0.0001f) return 0.0f;
-    if (v < 0.003f) {
-        const float u = (v - 0.0001f) * 344.82758f;
-        return (3.0f - 2.0f * u) * (u * u);
-    }
-    return 1.0f;
+    return kind_kernels::HWY_NAMESPACE::erosion<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void ErodedTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::erosion(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

@@ -1,10 +1,9 @@
 #include "grainsmith/textures/granite.h"
 
-#include <cmath>
-
-#include "grainsmith/limits.h"
-#include "grainsmith/noise/improved_noise.h"
-#include "grainsmith/numeric.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/noise_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -23,20 +22,11 @@ ParamTable GraniteTexture3D::parameters() {
 }
 
 float GraniteTexture3D::evaluate(const float* p) const {
-    const bool flat = planar();
-    const float x = p[0], y = p[1];
-    float sum = 0.0f;
-    float f = data_.frequency;
-    const int terms = capLoopCount(data_.octaves);
-    for (int k = 0; k < terms; ++k) {
-        const float n = flat ? improved_noise2(4.0f * x * f, 4.0f * y * f)
-                             : improved_noise3(4.0f * x * f, 4.0f * y * f, 4.0f * p[2] * f);
-        // Each folded term is weighed and accumulated in double, then rounded once.
-        sum = static_cast<float>(std::fabs(0.5 - static_cast<double>(n)) / static_cast<double>(f) +
-                                 static_cast<double>(sum));
-        f *= 2.0f;
-    }
-    return clamp01(sum);
+    return kind_kernels::HWY_NAMESPACE::granite<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void GraniteTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::granite(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

@@ -1,8 +1,9 @@
 #include "grainsmith/textures/perlin_noise.h"
 
-#include "grainsmith/limits.h"
-#include "grainsmith/noise/improved_noise.h"
-#include "grainsmith/numeric.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/noise_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -25,10 +26,11 @@ ParamTable PerlinTexture3D::parameters() {
 }
 
 float PerlinTexture3D::evaluate(const float* p) const {
-    const int octaves = capLoopCount(data_.octaves);
-    const float n = planar() ? fractal_noise_2D(p[0], p[1], octaves, data_.frequency, data_.amplitude)
-                             : fractal_noise_3D(p[0], p[1], p[2], octaves, data_.frequency, data_.amplitude);
-    return clamp01((n + 1.0f) * 0.5f);
+    return kind_kernels::HWY_NAMESPACE::perlinNoise<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void PerlinTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::perlinNoise(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

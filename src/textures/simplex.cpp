@@ -1,7 +1,9 @@
 #include "grainsmith/textures/simplex.h"
 
-#include "grainsmith/noise/simplex_noise.h"
-#include "grainsmith/numeric.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/noise_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -16,9 +18,11 @@ ParamTable SimplexTexture3D::parameters() {
 }
 
 float SimplexTexture3D::evaluate(const float* p) const {
-    const float s = data_.scale;
-    const float n = planar() ? simplex_noise2(p[0] * s, p[1] * s) : simplex_noise3(p[0] * s, p[1] * s, p[2] * s);
-    return clamp01((n + 1.0f) * 0.5f);
+    return kind_kernels::HWY_NAMESPACE::simplex<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void SimplexTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::simplex(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

@@ -1,5 +1,10 @@
 #include "grainsmith/textures/voronoi.h"
 
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/noise_kinds-inl.h"
+
 namespace grainsmith {
 
 ParamTable VoronoiTexture3D::parameters() {
@@ -20,14 +25,11 @@ ParamTable VoronoiTexture3D::parameters() {
 }
 
 float VoronoiTexture3D::evaluate(const float* p) const {
-    const float s = data_.scale;
-    const float x = p[0] * s;
-    const float y = p[1] * s;
-    float v = planar() ? Voronoi::voronoi_value2(x, y, data_.type, data_.distanceMethod)
-                       : Voronoi::voronoi_value3(x, y, p[2] * s, data_.type, data_.distanceMethod);
-    if (v > 1.0f) v = 1.0f;
-    if (!(v >= 0.0f)) v = 0.0f;
-    return v;
+    return kind_kernels::HWY_NAMESPACE::voronoi<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void VoronoiTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::voronoi(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

@@ -57,7 +57,8 @@ TEST_F(Cli, ListShowsTheWholeCatalogue) {
     ASSERT_EQ(r.status, 0) << r.err;
     int lines = 0;
     for (char c : r.out) lines += c == '\n';
-    EXPECT_EQ(lines, 35);  // header and 34 kinds
+    EXPECT_EQ(lines, 36);  // header, 34 kinds and the SIMD level
+    EXPECT_NE(r.out.find("batch evaluation SIMD level: "), std::string::npos);
     EXPECT_NE(r.out.find("HexTile"), std::string::npos);
     EXPECT_NE(r.out.find("Penrose Rhombus"), std::string::npos);
 }

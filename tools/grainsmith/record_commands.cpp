@@ -5,6 +5,7 @@
 #include "cli.h"
 #include "commands.h"
 #include "readers.h"
+#include "grainsmith/simd.h"
 
 namespace grainsmith::cli {
 
@@ -40,7 +41,8 @@ int listCommand(std::span<char* const> argv) {
                   "Lists every texture kind of the catalogue in creation order: display name, class,\n"
                   "record size in bytes, version, two-dimensional mode, position in the creation chain\n"
                   "of beginSession (- : never created by name), position in the editor (- : not offered)\n"
-                  "and whether this build implements it.");
+                  "and whether this build implements it. A last line names the SIMD level the batch\n"
+                  "evaluation chose for this CPU.");
         return 0;
     }
     if (!argv.empty()) usageError("list takes no arguments");
@@ -53,6 +55,7 @@ int listCommand(std::span<char* const> argv) {
         std::printf("%-16s %-24s %6d %7s %3s %7s %6s %s\n", k.name, k.className, k.recordSize, version.c_str(),
                     k.readsFlags ? "yes" : "no", create.c_str(), editor.c_str(), k.implemented() ? "yes" : "no");
     }
+    std::printf("batch evaluation SIMD level: %s\n", simdLevelName());
     return 0;
 }
 

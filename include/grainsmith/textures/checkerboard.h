@@ -31,6 +31,7 @@ public:
     void setVariability(float v) { data_.variability = v; }
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

@@ -15,6 +15,7 @@ public:
     static ParamTable parameters();
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

@@ -14,6 +14,7 @@ public:
     static constexpr int kMajor = 2;
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

@@ -26,6 +26,7 @@ public:
     void setFrequency(float v) { data_.frequency = v; }
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

@@ -30,6 +30,7 @@ public:
     void setAmplitude(float v) { data_.amplitude = v; }
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

@@ -23,6 +23,7 @@ public:
     void setScale(float v) { data_.scale = v; }
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

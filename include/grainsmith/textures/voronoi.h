@@ -16,6 +16,7 @@ public:
     static ParamTable parameters();
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

@@ -1,0 +1,164 @@
+// The vector instance of the lane operations, one per SIMD level (re-included for each
+// target by Highway's foreach_target). Every operation gives, lane by lane, exactly the
+// bits that ScalarLanes gives for that lane: the same IEEE single-precision operations in
+// the same order, no fused multiply-add, and the project's float-to-int conversion.
+//
+// Operations every lanes type offers (F float lanes, U uint32 lanes, M masks):
+//   f(c), u(c)                     broadcast constants
+//   lt le gt ge eq (F), eqU (U)    comparisons (false on NaN); both, either, negate on masks
+//   maskBits(M) -> U               all ones where true, 0 where false
+//   select(M, F, F), selectU       per-lane choice
+//   choose(U i, F a, F b[, F c])   the operand numbered i (0, 1 or 2)
+//   lookup16(table, U i)           table[i] for a 16-entry byte table, i below 16
+//   truncate(F) -> U               toInt32: truncation, INT32_MIN for NaN / out of range
+//   toFloat(U), unsignedToFloat(U) signed / unsigned int32 to the nearest float
+//   bits, fromBits, shl<k>, shr<k> bit views and logical shifts
+//   floor, sqrt, abs               exactly rounded as the C library's floorf/sqrtf/fabsf
+//   bytes4(table, offset)          4 table bytes from offset, little-endian
+//   gather(table, index)           table[index]
+//   inDouble(a, b, fn)             float(fn(double(a), double(b), ops)), ops.c(v) / ops.abs(v)
+//   perLane(v, fn)                 fn called on each lane (library functions such as pow)
+// plus the operators + - * on F and + - * & | ^ on U.
+
+#if defined(GRAINSMITH_SIMD_HWY_LANES_INL_H_) == defined(HWY_TARGET_TOGGLE)
+#ifdef GRAINSMITH_SIMD_HWY_LANES_INL_H_
+#undef GRAINSMITH_SIMD_HWY_LANES_INL_H_
+#else
+#define GRAINSMITH_SIMD_HWY_LANES_INL_H_
+#endif
+
+#include <cstdint>
+
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace grainsmith::simd::HWY_NAMESPACE {
+namespace hn = hwy::HWY_NAMESPACE;
+
+// Truncating float-to-int32. x86's cvttps gives INT32_MIN for NaN and out-of-range lanes,
+// which is the project's rule; Highway's ConvertTo saturates positive overflow instead.
+#if HWY_ARCH_X86 && HWY_TARGET != HWY_SCALAR && HWY_TARGET != HWY_EMU128
+template <size_t N>
+HWY_API hn::Vec128<int32_t, N> TruncateToInt32(hn::Vec128<float, N> v) {
+    return hn::Vec128<int32_t, N>{_mm_cvttps_epi32(v.raw)};
+}
+#if HWY_TARGET <= HWY_AVX2
+HWY_API hn::Vec256<int32_t> TruncateToInt32(hn::Vec256<float> v) {
+    return hn::Vec256<int32_t>{_mm256_cvttps_epi32(v.raw)};
+}
+#endif
+#if HWY_TARGET <= HWY_AVX3
+HWY_API hn::Vec512<int32_t> TruncateToInt32(hn::Vec512<float> v) {
+    return hn::Vec512<int32_t>{_mm512_cvttps_epi32(v.raw)};
+}
+#endif
+#else
+template <class V>
+HWY_API auto TruncateToInt32(V v) {
+    const hn::DFromV<V> df;
+    const hn::RebindToSigned<decltype(df)> di;
+    const auto inRange = hn::And(v > hn::Set(df, -2147483904.0f), v < hn::Set(df, 2147483648.0f));
+    return hn::IfThenElse(hn::RebindMask(di, inRange), hn::ConvertTo(di, v), hn::Set(di, INT32_MIN));
+}
+#endif
+
+// The SCALAR level runs the one-point code (ScalarLanes) instead.
+#if HWY_TARGET != HWY_SCALAR
+template <class D>
+struct HwyLanes {
+    using DF = D;
+    using DU = hn::RebindToUnsigned<D>;
+    using DI = hn::RebindToSigned<D>;
+    using F = hn::Vec<DF>;
+    using U = hn::Vec<DU>;
+    using M = hn::Mask<DF>;
+
+    static HWY_INLINE F f(float c) { return hn::Set(DF(), c); }
+    static HWY_INLINE U u(uint32_t c) { return hn::Set(DU(), c); }
+
+    static HWY_INLINE M lt(F a, F b) { return a < b; }
+    static HWY_INLINE M le(F a, F b) { return a <= b; }
+    static HWY_INLINE M gt(F a, F b) { return a > b; }
+    static HWY_INLINE M ge(F a, F b) { return a >= b; }
+    static HWY_INLINE M eq(F a, F b) { return a == b; }
+    static HWY_INLINE M eqU(U a, U b) { return hn::RebindMask(DF(), a == b); }
+    static HWY_INLINE M both(M a, M b) { return hn::And(a, b); }
+    static HWY_INLINE M either(M a, M b) { return hn::Or(a, b); }
+    static HWY_INLINE M negate(M a) { return hn::Not(a); }
+    static HWY_INLINE U maskBits(M m) { return hn::BitCast(DU(), hn::VecFromMask(DF(), m)); }
+
+    static HWY_INLINE F select(M m, F a, F b) { return hn::IfThenElse(m, a, b); }
+    static HWY_INLINE U selectU(M m, U a, U b) { return hn::IfThenElse(hn::RebindMask(DU(), m), a, b); }
+
+    static HWY_INLINE F choose(U index, F a, F b) { return select(eqU(index, u(0)), a, b); }
+    static HWY_INLINE F choose(U index, F a, F b, F c) {
+        return select(eqU(index, u(0)), a, select(eqU(index, u(1)), b, c));
+    }
+    static HWY_INLINE U lookup16(const uint8_t* table, U index) {
+        // One byte shuffle: the index in each lane's low byte, the other bytes read as 0.
+        const hn::Repartition<uint8_t, DF> d8;
+        const auto bytes = hn::BitCast(d8, hn::Or(index, u(0x80808000u)));
+        return hn::BitCast(DU(), hn::TableLookupBytesOr0(hn::LoadDup128(d8, table), bytes));
+    }
+
+    static HWY_INLINE U truncate(F v) { return hn::BitCast(DU(), TruncateToInt32(v)); }
+    static HWY_INLINE F toFloat(U v) { return hn::ConvertTo(DF(), hn::BitCast(DI(), v)); }
+    static HWY_INLINE F unsignedToFloat(U v) {
+        // Exact halves: hi * 65536 is exact, so one rounding happens in the addition,
+        // which is the correctly rounded conversion of the whole value.
+        const F hi = hn::ConvertTo(DF(), hn::BitCast(DI(), hn::ShiftRight<16>(v)));
+        const F lo = hn::ConvertTo(DF(), hn::BitCast(DI(), hn::And(v, u(0xFFFFu))));
+        return hi * f(65536.0f) + lo;
+    }
+    static HWY_INLINE U bits(F v) { return hn::BitCast(DU(), v); }
+    static HWY_INLINE F fromBits(U v) { return hn::BitCast(DF(), v); }
+    template <int kBits>
+    static HWY_INLINE U shl(U v) { return hn::ShiftLeft<kBits>(v); }
+    template <int kBits>
+    static HWY_INLINE U shr(U v) { return hn::ShiftRight<kBits>(v); }
+
+    static HWY_INLINE F floor(F v) { return hn::Floor(v); }
+    static HWY_INLINE F sqrt(F v) { return hn::Sqrt(v); }
+    static HWY_INLINE F abs(F v) { return hn::Abs(v); }
+
+    static HWY_INLINE U bytes4(const uint8_t* table, U offset) {
+        return hn::GatherOffset(DU(), reinterpret_cast<const uint32_t*>(table), hn::BitCast(DI(), offset));
+    }
+    static HWY_INLINE F gather(const float* table, U index) {
+        return hn::GatherIndex(DF(), table, hn::BitCast(DI(), index));
+    }
+
+    struct DoubleOps {
+        static HWY_INLINE hn::Vec<hn::RepartitionToWide<DF>> c(double v) {
+            return hn::Set(hn::RepartitionToWide<DF>(), v);
+        }
+        static HWY_INLINE hn::Vec<hn::RepartitionToWide<DF>> abs(hn::Vec<hn::RepartitionToWide<DF>> v) {
+            return hn::Abs(v);
+        }
+    };
+    template <class Fn>
+    static HWY_INLINE F inDouble(F a, F b, Fn fn) {
+        const DF df;
+        const hn::Half<DF> dh;
+        const hn::RepartitionToWide<DF> dd;
+        const auto lo = fn(hn::PromoteTo(dd, hn::LowerHalf(dh, a)), hn::PromoteTo(dd, hn::LowerHalf(dh, b)), DoubleOps{});
+        const auto hi = fn(hn::PromoteTo(dd, hn::UpperHalf(dh, a)), hn::PromoteTo(dd, hn::UpperHalf(dh, b)), DoubleOps{});
+        return hn::Combine(df, hn::DemoteTo(dh, hi), hn::DemoteTo(dh, lo));
+    }
+
+    template <class Fn>
+    static HWY_INLINE F perLane(F v, Fn fn) {
+        const DF df;
+        alignas(64) float lanes[hn::MaxLanes(df)];
+        hn::Store(v, df, lanes);
+        for (size_t i = 0; i < hn::Lanes(df); ++i) lanes[i] = fn(lanes[i]);
+        return hn::Load(df, lanes);
+    }
+};
+#endif  // HWY_TARGET != HWY_SCALAR
+
+}  // namespace grainsmith::simd::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#endif  // include guard

@@ -1,0 +1,27 @@
+// Batch evaluation of the vectorised kinds: out[i] = the kind's value at points + 3 * i,
+// bit for bit what its one-point operator gives, on the SIMD level the CPU supports best.
+#pragma once
+
+#include "grainsmith/textures/cellular_kind.h"
+#include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/folded_noise_kind.h"
+#include "grainsmith/textures/fractal_sum.h"
+#include "grainsmith/textures/granite.h"
+#include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/simple_marble.h"
+#include "grainsmith/textures/simplex.h"
+
+namespace grainsmith::batch {
+
+void perlinNoise(const PerlinData& d, bool planar, const float* points, int n, float* out);
+void fbm(const FractalSumData& d, bool planar, const float* points, int n, float* out);
+void turbulence(const FractalSumData& d, bool planar, const float* points, int n, float* out);
+void simplex(const SimplexData& d, bool planar, const float* points, int n, float* out);
+void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out);
+void checkerboard(const CheckerboardData& d, const float* points, int n, float* out);
+void granite(const GraniteData& d, bool planar, const float* points, int n, float* out);
+void dents(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
+void erosion(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
+void voronoi(const CellularData& d, bool planar, const float* points, int n, float* out);
+
+}  // namespace grainsmith::batch

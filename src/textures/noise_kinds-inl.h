@@ -1,0 +1,230 @@
+// The value of the noise kinds at a point, written once over a lanes type L (simd/): the
+// kinds' one-point operator instantiates it with ScalarLanes, the batch path of every SIMD
+// level (textures/batch_kernels.cpp) with HwyLanes, so both give the same bits.
+//
+// Re-included once per SIMD target (Highway's foreach_target).
+
+#if defined(GRAINSMITH_TEXTURES_NOISE_KINDS_INL_H_) == defined(HWY_TARGET_TOGGLE)
+#ifdef GRAINSMITH_TEXTURES_NOISE_KINDS_INL_H_
+#undef GRAINSMITH_TEXTURES_NOISE_KINDS_INL_H_
+#else
+#define GRAINSMITH_TEXTURES_NOISE_KINDS_INL_H_
+#endif
+
+#include "grainsmith/limits.h"
+#include "grainsmith/textures/cellular_kind.h"
+#include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/folded_noise_kind.h"
+#include "grainsmith/textures/fractal_sum.h"
+#include "grainsmith/textures/granite.h"
+#include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/simple_marble.h"
+#include "grainsmith/textures/simplex.h"
+#include "hwy/highway.h"
+#include "noise/noise_kernels-inl.h"
+
+HWY_BEFORE_NAMESPACE();
+namespace grainsmith::kind_kernels::HWY_NAMESPACE {
+namespace noise = noise_kernels::HWY_NAMESPACE;
+
+// Below 0 (and NaN) gives 0, above 1 gives 1.
+template <class L>
+HWY_INLINE typename L::F clamp01(typename L::F v) {
+    const typename L::F low = L::select(L::ge(v, L::f(0.0f)), v, L::f(0.0f));
+    return L::select(L::gt(low, L::f(1.0f)), L::f(1.0f), low);
+}
+
+// "Perlin Noise": the octave sum (lacunarity 2, gain 0.5) remapped to [0, 1].
+template <class L>
+HWY_INLINE typename L::F perlinNoise(const PerlinData& d, bool planar, typename L::F x, typename L::F y,
+                                     typename L::F z) {
+    const int octaves = capLoopCount(d.octaves);
+    const typename L::F n = planar ? noise::fractalNoise2<L>(x, y, octaves, d.frequency, d.amplitude)
+                                   : noise::fractalNoise3<L>(x, y, z, octaves, d.frequency, d.amplitude);
+    return clamp01<L>((n + L::f(1.0f)) * L::f(0.5f));
+}
+
+// The octave loop shared by FBM and Turbulence: improved gradient noise at the scaled
+// point, the coordinates multiplied by the lacunarity and the weight by the gain after each
+// octave. `fold` shapes each octave's noise before it is weighted.
+template <class L, class Fold>
+HWY_INLINE typename L::F octaveSum(const FractalSumData& d, bool planar, typename L::F x, typename L::F y,
+                                   typename L::F z, Fold fold) {
+    using F = typename L::F;
+    const F scale = L::f(d.scale), lacunarity = L::f(d.lacunarity);
+    F qx = x * scale;
+    F qy = y * scale;
+    F qz = planar ? L::f(0.0f) : z * scale;  // the plane never reads z
+    F sum = L::f(0.0f);
+    float w = 1.0f;
+    const int count = capLoopCount(d.octaves);
+    for (int i = 0; i < count; ++i) {
+        const F n = planar ? noise::improvedNoise2<L>(qx, qy) : noise::improvedNoise3<L>(qx, qy, qz);
+        qx = qx * lacunarity;
+        qy = qy * lacunarity;
+        qz = qz * lacunarity;
+        sum = sum + fold(n) * L::f(w);
+        w *= d.gain;
+    }
+    return sum;
+}
+
+// "FBM": the octave sum remapped from about [-1, 1] to [0, 1].
+template <class L>
+HWY_INLINE typename L::F fbm(const FractalSumData& d, bool planar, typename L::F x, typename L::F y,
+                             typename L::F z) {
+    const typename L::F sum = octaveSum<L>(d, planar, x, y, z, [](typename L::F n) { return n; });
+    return clamp01<L>((sum + L::f(1.0f)) * L::f(0.5f));
+}
+
+// "Turbulence": the sum of the octaves' magnitudes, not remapped.
+template <class L>
+HWY_INLINE typename L::F turbulence(const FractalSumData& d, bool planar, typename L::F x, typename L::F y,
+                                    typename L::F z) {
+    return clamp01<L>(octaveSum<L>(d, planar, x, y, z, [](typename L::F n) { return L::abs(n); }));
+}
+
+// "Simplex": simplex noise at the scaled point, remapped to [0, 1].
+template <class L>
+HWY_INLINE typename L::F simplex(const SimplexData& d, bool planar, typename L::F x, typename L::F y,
+                                 typename L::F z) {
+    const typename L::F s = L::f(d.scale);
+    const typename L::F n =
+        planar ? noise::simplexNoise2<L>(x * s, y * s) : noise::simplexNoise3<L>(x * s, y * s, z * s);
+    return clamp01<L>((n + L::f(1.0f)) * L::f(0.5f));
+}
+
+// "Voronoi": the cellular value at the scaled point; above 1 gives 1, then below 0 (or
+// NaN) gives 0.
+template <class L>
+HWY_INLINE typename L::F voronoi(const CellularData& d, bool planar, typename L::F x, typename L::F y,
+                                 typename L::F z) {
+    using F = typename L::F;
+    const F s = L::f(d.scale);
+    F v = planar ? noise::voronoiValue<L>(x * s, y * s, L::f(0.0f), true, d.type, d.distanceMethod)
+                 : noise::voronoiValue<L>(x * s, y * s, z * s, false, d.type, d.distanceMethod);
+    v = L::select(L::gt(v, L::f(1.0f)), L::f(1.0f), v);
+    return L::select(L::ge(v, L::f(0.0f)), v, L::f(0.0f));
+}
+
+// Knots of the marble colour spline. The last entry is not a knot: at the top of the range
+// (t = 10, u = 0) the spline reads one knot past the twelfth and weights it by zero, so it
+// only has to be finite.
+inline constexpr float kMarbleKnots[14] = {0.7349143f,  0.7349143f,  0.32697144f, 0.32697144f, 0.32697144f,
+                                           0.7349143f,  0.7349143f,  0.18617715f, 0.18617715f, 0.12078286f,
+                                           0.12078286f, 0.7349143f,  0.12078286f, 0.0f};
+
+// Catmull-Rom spline through the knots, over a noise sum of about [-0.375, 0.125] mapped to [0, 10].
+template <class L>
+HWY_INLINE typename L::F marbleSpline(typename L::F sum) {
+    using F = typename L::F;
+    using U = typename L::U;
+    F t = sum * L::f(2.0f) + L::f(0.75f);
+    t = L::select(L::lt(t, L::f(0.0f)), L::f(0.0f), t);
+    t = L::select(L::gt(t, L::f(1.0f)), L::f(1.0f), t);
+    t = t * L::f(10.0f);
+    // t lies in [0, 10] or is NaN. A NaN reads knot 0 (the value stays NaN and the caller's
+    // clamp turns it into 0).
+    const U i = L::selectU(L::eq(t, t), L::truncate(t), L::u(0));
+    const F u = t - L::toFloat(i);
+    const F k0 = L::gather(kMarbleKnots, i), k1 = L::gather(kMarbleKnots, i + L::u(1));
+    const F k2 = L::gather(kMarbleKnots, i + L::u(2)), k3 = L::gather(kMarbleKnots, i + L::u(3));
+    const F c3 = L::f(-0.5f) * k0 + L::f(1.5f) * k1 - L::f(1.5f) * k2 + L::f(0.5f) * k3;
+    const F c2 = k0 - L::f(2.5f) * k1 + L::f(2.0f) * k2 - L::f(0.5f) * k3;
+    const F c1 = L::f(0.5f) * k2 - L::f(0.5f) * k0;
+    return ((c3 * u + c2) * u + c1) * u + k1;
+}
+
+// "Simple Marble": octaves of noise, each divided by its frequency (ratio 2.17, applied in
+// double and rounded once), shaped by the marble spline.
+template <class L>
+HWY_INLINE typename L::F simpleMarble(const SimpleMarbleData& d, bool planar, typename L::F x, typename L::F y,
+                                      typename L::F z) {
+    using F = typename L::F;
+    const F s = L::f(d.textureScale);
+    const F qx = x * s;
+    const F qy = y * s;
+    const F qz = planar ? L::f(0.0f) : z * s;  // the plane never reads z
+    F sum = L::f(0.0f);
+    float f = 1.0f;
+    const int terms = capLoopCount(d.octaves);
+    for (int k = 0; k < terms; ++k) {
+        const F vf = L::f(f);
+        const F n = planar ? noise::improvedNoise2<L>(qx * vf, qy * vf) : noise::improvedNoise3<L>(qx * vf, qy * vf, qz * vf);
+        sum = sum + n / vf;
+        f = static_cast<float>(static_cast<double>(f) * 2.17);
+    }
+    return clamp01<L>(marbleSpline<L>(sum));
+}
+
+// "Granite": octaves of noise folded about 0.5, each weighed by its frequency and summed
+// in double (rounded to float after each octave).
+template <class L>
+HWY_INLINE typename L::F granite(const GraniteData& d, bool planar, typename L::F x, typename L::F y,
+                                 typename L::F z) {
+    using F = typename L::F;
+    const F four = L::f(4.0f);
+    F sum = L::f(0.0f);
+    float f = d.frequency;
+    const int terms = capLoopCount(d.octaves);
+    for (int k = 0; k < terms; ++k) {
+        const F vf = L::f(f);
+        const F n = planar ? noise::improvedNoise2<L>(four * x * vf, four * y * vf)
+                           : noise::improvedNoise3<L>(four * x * vf, four * y * vf, four * z * vf);
+        const double weight = f;
+        sum = L::inDouble(n, sum, [weight](auto dn, auto ds, auto ops) {
+            return ops.abs(ops.c(0.5) - dn) / ops.c(weight) + ds;
+        });
+        f *= 2.0f;
+    }
+    return clamp01<L>(sum);
+}
+
+// The folded-noise sum shared by "Dents" and "Erosion": six terms, whatever the record
+// holds; each folds one octave of noise about its midpoint, |0.5 - (n + 1) / 2|, weights it
+// by k / f and adds it on (in double, stored as float); f doubles per term. The result is
+// sum^3 x magnitude.
+template <class L>
+HWY_INLINE typename L::F foldedNoiseSum(const FoldedNoiseData& d, bool planar, typename L::F x, typename L::F y,
+                                        typename L::F z, float f0, double k) {
+    using F = typename L::F;
+    const F scale = L::f(d.scale);
+    const F qx = x * scale, qy = y * scale, qz = z * scale;
+    F sum = L::f(0.0f);
+    float f = f0;
+    for (int term = 0; term < 6; ++term) {
+        const F vf = L::f(f);
+        const F n = planar ? noise::improvedNoise2<L>(qx * vf, qy * vf) : noise::improvedNoise3<L>(qx * vf, qy * vf, qz * vf);
+        const double weight = f;
+        sum = L::inDouble(n, sum, [weight, k](auto dn, auto ds, auto ops) {
+            const auto folded = ops.abs(ops.c(0.5) - (dn + ops.c(1.0)) * ops.c(0.5));
+            return folded * ops.c(k) / ops.c(weight) + ds;
+        });
+        f *= 2.0f;
+    }
+    return sum * sum * sum * L::f(d.magnitude);
+}
+
+// "Dents": the folded sum from frequency 1, clamped.
+template <class L>
+HWY_INLINE typename L::F dents(const FoldedNoiseData& d, bool planar, typename L::F x, typename L::F y,
+                               typename L::F z) {
+    return clamp01<L>(foldedNoiseSum<L>(d, planar, x, y, z, 1.0f, 1.0));
+}
+
+// "Erosion": the folded sum from frequency 4 through a smooth step from 0 to 1 over
+// [0.0001, 0.003]; NaN falls through to 1.
+template <class L>
+HWY_INLINE typename L::F erosion(const FoldedNoiseData& d, bool planar, typename L::F x, typename L::F y,
+                                 typename L::F z) {
+    using F = typename L::F;
+    const F v = foldedNoiseSum<L>(d, planar, x, y, z, 4.0f, 4.0);
+    const F u = (v - L::f(0.0001f)) * L::f(344.82758f);
+    const F smooth = (L::f(3.0f) - L::f(2.0f) * u) * (u * u);
+    return L::select(L::lt(v, L::f(0.0001f)), L::f(0.0f), L::select(L::lt(v, L::f(0.003f)), smooth, L::f(1.0f)));
+}
+
+}  // namespace grainsmith::kind_kernels::HWY_NAMESPACE
+HWY_AFTER_NAMESPACE();
+
+#endif  // include guard
