@@ -4,7 +4,8 @@
 
 #include "grainsmith/numeric.h"
 #include "textures/smooth_step.h"
-#include "textures/octave_sum.h"
+#include "grainsmith/limits.h"
+#include "grainsmith/noise/improved_noise.h"
 
 namespace grainsmith {
 
@@ -98,6 +99,28 @@ float roundedCorner(float p, float q, float r) {
 
 }  // namespace
 
+namespace {
+
+// The mottling: an octave sum of planar improved noise, the coordinates multiplied by the
+// lacunarity and the weight by the gain after each octave (at most 64 octaves).
+float planarOctaveSum(const float* p, float scale, int octaves, float lacunarity, float gain) {
+    float qx = p[0] * scale;
+    float qy = p[1] * scale;
+    float sum = 0.0f;
+    float w = 1.0f;
+    const int count = capLoopCount(octaves);
+    for (int i = 0; i < count; ++i) {
+        const float n = improved_noise2(qx, qy);
+        qx *= lacunarity;
+        qy *= lacunarity;
+        sum += n * w;
+        w *= gain;
+    }
+    return sum;
+}
+
+}  // namespace
+
 float SnakeskinTexture3D::evaluate(const float* p) const {
     const float x = p[0], y = p[1];
     float a = x + y / kScaleHeight;
@@ -131,8 +154,8 @@ float SnakeskinTexture3D::evaluate(const float* p) const {
     c = c * (0.7f + 0.3f * smoothStep01((e - halfLine) * 5.0f));
     c = c * (0.75f + 0.25f * clamp01((fa + fb) * 0.5f));
     if (data_.scaleNoiseAdd) {
-        const float n = octaveSum(p, data_.scaleNoiseDetail, true, data_.scaleNoiseOctaves,
-                                  data_.scaleNoiseLacunarity, data_.scaleNoiseGain, [](float v) { return v; });
+        const float n = planarOctaveSum(p, data_.scaleNoiseDetail, data_.scaleNoiseOctaves,
+                                        data_.scaleNoiseLacunarity, data_.scaleNoiseGain);
         c = c * clamp01(0.75f + 0.25f * n);
     }
     return clamp01(c);
