@@ -1,5 +1,6 @@
 // Batch evaluation of the vectorised kinds: out[i] = the kind's value at points + 3 * i,
 // bit for bit what its one-point operator gives, on the SIMD level the CPU supports best.
+// Each is defined by one line of its kind list in textures/batch_<family>_kinds.cpp.
 #pragma once
 
 #include "grainsmith/textures/cellular_kind.h"
@@ -18,7 +19,7 @@ void fbm(const FractalSumData& d, bool planar, const float* points, int n, float
 void turbulence(const FractalSumData& d, bool planar, const float* points, int n, float* out);
 void simplex(const SimplexData& d, bool planar, const float* points, int n, float* out);
 void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out);
-void checkerboard(const CheckerboardData& d, const float* points, int n, float* out);
+void checkerboard(const CheckerboardData& d, bool planar, const float* points, int n, float* out);
 void granite(const GraniteData& d, bool planar, const float* points, int n, float* out);
 void dents(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
 void erosion(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);

@@ -23,11 +23,11 @@ ParamTable CheckerboardTexture3D::parameters() {
 }
 
 float CheckerboardTexture3D::evaluate(const float* p) const {
-    return kind_kernels::HWY_NAMESPACE::checkerboard<simd::ScalarLanes>(data_, p[0], p[1], p[2]);
+    return kind_kernels::HWY_NAMESPACE::checkerboard<simd::ScalarLanes>(data_, false, p[0], p[1], p[2]);
 }
 
 void CheckerboardTexture3D::evaluateBatch(const float* points, int n, float* out) const {
-    batch::checkerboard(data_, points, n, out);
+    batch::checkerboard(data_, false, points, n, out);
 }
 
 }  // namespace grainsmith

@@ -1,6 +1,6 @@
 // The value of the noise kinds at a point, written once over a lanes type L (simd/): the
 // kinds' one-point operator instantiates it with ScalarLanes, the batch path of every SIMD
-// level (textures/batch_kernels.cpp) with HwyLanes, so both give the same bits.
+// level (textures/batch_noise_kinds.cpp) with HwyLanes, so both give the same bits.
 //
 // Re-included once per SIMD target (Highway's foreach_target).
 

@@ -1,6 +1,6 @@
 // The value of the lattice pattern kinds at a point, written once over a lanes type L
 // (simd/): the one-point operator instantiates it with ScalarLanes, the batch path of every
-// SIMD level (textures/batch_kernels.cpp) with HwyLanes, so both give the same bits.
+// SIMD level (textures/batch_pattern_kinds.cpp) with HwyLanes, so both give the same bits.
 //
 // Re-included once per SIMD target (Highway's foreach_target).
 
@@ -40,10 +40,10 @@ HWY_INLINE typename L::F cellRandom3(typename L::F x, typename L::F y, typename 
 
 // "Checkerboard": the parity of the cell (the XOR over the axes of "index is even") picks
 // the dark or light grey; randomised greys vary per cell; deeper levels nest checkers, each
-// narrowing the grey interval of the cell the point is in.
+// narrowing the grey interval of the cell the point is in. It has no planar form.
 template <class L>
-HWY_INLINE typename L::F checkerboard(const CheckerboardData& d, typename L::F x, typename L::F y,
-                                      typename L::F z) {
+HWY_INLINE typename L::F checkerboard(const CheckerboardData& d, bool /*planar*/, typename L::F x,
+                                      typename L::F y, typename L::F z) {
     using F = typename L::F;
     using M = typename L::M;
     const auto darkCell = [](F cx, F cy, F cz) -> M {
