@@ -94,6 +94,7 @@ TEST_F(Views, VersionComesFromTheProject) {
     EXPECT_NE(lastOut.find("usage: grainsmith docs -o DIR"), std::string::npos);
     ASSERT_EQ(run("--version").status, 0);
     EXPECT_EQ(lastOut.substr(0, lastOut.find('\n')), std::string("grainsmith ") + GRAINSMITH_VERSION_STRING);
+    EXPECT_NE(lastOut.find("\nbatch evaluation SIMD level: "), std::string::npos) << lastOut;
 }
 
 TEST_F(Views, ThreadCountNeverChangesThePicture) {

@@ -5,6 +5,7 @@
 
 #include "cli.h"
 #include "commands.h"
+#include "grainsmith/simd.h"
 #include "grainsmith/version.h"
 
 namespace {
@@ -26,8 +27,10 @@ constexpr Command kCommands[] = {
 };
 
 // "grainsmith VERSION" on the first line; further lines describe the build.
+// The version, then the SIMD level the batch dispatcher chose for this CPU.
 void printVersion() {
-    std::printf("grainsmith %s\n", GRAINSMITH_VERSION_STRING);
+    std::printf("grainsmith %s\nbatch evaluation SIMD level: %s\n", GRAINSMITH_VERSION_STRING,
+                grainsmith::simdLevelName());
 }
 
 void printHelp(std::FILE* to) {
