@@ -11,6 +11,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 #include "grainsmith/numeric.h"
 
@@ -74,8 +75,14 @@ struct ScalarLanes {
     // low byte, the next ones above it. Tables are padded so that offset + 3 stays inside.
     static U bytes4(const uint8_t* table, U offset) {
         const uint8_t* b = table + offset;
-        return static_cast<uint32_t>(b[0]) | static_cast<uint32_t>(b[1]) << 8 | static_cast<uint32_t>(b[2]) << 16 |
-               static_cast<uint32_t>(b[3]) << 24;
+        if constexpr (std::endian::native == std::endian::little) {
+            uint32_t v;  // one unaligned load
+            std::memcpy(&v, b, sizeof v);
+            return v;
+        } else {
+            return static_cast<uint32_t>(b[0]) | static_cast<uint32_t>(b[1]) << 8 |
+                   static_cast<uint32_t>(b[2]) << 16 | static_cast<uint32_t>(b[3]) << 24;
+        }
     }
     static F gather(const float* table, U index) { return table[index]; }
 
