@@ -93,7 +93,7 @@ void writePicture(const std::filesystem::path& path, const RgbImage& image) {
     if (!writePng(image, path.string(), error)) inputError(error);
 }
 
-// A kind's picture: the slice z = 0, a sphere and a cube, side by side.
+// A kind's picture: the default slice, sphere and cube, side by side.
 RgbImage kindPicture(const Record& record) {
     constexpr int gap = 4;
     RgbImage picture{3 * kPanel + 2 * gap, kPanel, std::vector<uint8_t>(static_cast<size_t>(3 * kPanel + 2 * gap) * kPanel * 3, 255)};
@@ -114,8 +114,9 @@ std::string kindPage(const Kind& kind, const Record& record) {
     const std::string summary = summaryOf(kind);
     if (!summary.empty()) md << summary << "\n\n";
     md << "![" << kind.name << ": slice, sphere and cube](" << s << ".png)\n\n"
-       << "*Defaults. Left to right: the slice z = 0 over [0, 4] x [0, 4] (y upwards); a sphere and a cube of\n"
-       << "size 4 centred at (2, 2, 0), lit from the upper left. 0 is black, 1 white.*\n\n"
+       << "*Defaults. Left to right: the slice z = " << ViewOptions{}.offset
+       << " over [0, 4] x [0, 4] (y upwards); a sphere and a cube of\nsize 4 centred at (2, 2, " << ViewOptions{}.offset
+       << "), lit from the upper left. 0 is black, 1 white.*\n\n"
        << "| | |\n|---|---|\n"
        << "| Class | `" << kind.className << "` |\n"
        << "| Record | " << kind.recordSize << " bytes, version " << kind.majorVersion << "." << kind.minorVersion

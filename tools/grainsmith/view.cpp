@@ -20,7 +20,7 @@ const char* const kViewOptionsHelp =
     "  --plane xy|xz|yz      the image's axes, first to the right, second upwards (default\n"
     "                        xy); the viewer looks along the third\n"
     "  --z Z, --offset Z     the slice's position on the third axis, or the object's centre\n"
-    "                        (default 0)\n"
+    "                        (default 0.3, off the cell boundaries at whole numbers)\n"
     "  --view slice|sphere|cube\n"
     "                        a planar slice over [0, E] (default), or the texture on the\n"
     "                        surface of a lit sphere or cube of size E centred at (E/2, E/2, Z)\n"

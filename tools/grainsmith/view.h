@@ -21,7 +21,9 @@ enum class Ramp { Grey, Heat, Viridis, Earth };
 struct ViewOptions {
     int width = 256, height = 256;  // pixels
     float extent = 4.0f;            // texture units across the image's width (slice) or the object
-    float offset = 0.0f;            // position of the slice, or of the object's centre, on the third axis
+    // Position of the slice, or of the object's centre, on the third axis. Not 0: whole numbers
+    // are cell boundaries, where Brick, Grid and Spheres show only mortar, line or background.
+    float offset = 0.3f;
     Plane plane = Plane::XY;
     Shape shape = Shape::Slice;
     Ramp ramp = Ramp::Grey;
