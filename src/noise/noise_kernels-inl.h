@@ -226,28 +226,38 @@ HWY_INLINE typename L::F fractalNoise3(typename L::F x, typename L::F y, typenam
 
 // ---- simplex noise -------------------------------------------------------------------------
 
-// perm[i] for an index below 512.
+// Every hash is perm[a + perm[b (+ perm[c])]] for a corner whose lattice indices are the
+// cell's plus 0 or 1 on each axis. The table is read in pairs (perm[i], perm[i + 1]), the
+// way improved noise reads it: one read serves the corners that differ only in the offset
+// of the outermost axis, which leaves 4 reads instead of 6 in 2-D and 7 instead of 12 in
+// 3-D. Indices stay below 511 (a lattice index is at most 255, every entry at most 255).
+
+// The pair at i: byte 0 is perm[i], byte 1 perm[i + 1].
 template <class L>
-HWY_INLINE typename L::U permAt(typename L::U i) {
-    return L::bytes4(noise_detail::kPermPadded, i) & L::u(255);
+HWY_INLINE typename L::U permPair(typename L::U i) {
+    return L::bytes4(noise_detail::kPermPadded, i);
+}
+
+// perm[i + offset] from the pair at i, offset 0 or 1 per lane (as a mask).
+template <class L>
+HWY_INLINE typename L::U pairEntry(typename L::U pair, typename L::M offsetOne) {
+    return L::selectU(offsetOne, L::template shr<8>(pair), pair) & L::u(255);
 }
 
 // Falloff q^4 times the corner gradient; a corner outside its radius (or NaN) adds 0.
-// a, b (and c) are lattice indices 0..256, so every sum stays under 512.
 template <class L>
-HWY_INLINE typename L::F simplexCorner2(typename L::F cx, typename L::F cy, typename L::U a, typename L::U b) {
+HWY_INLINE typename L::F simplexCorner2(typename L::F cx, typename L::F cy, typename L::U hash) {
     const typename L::F q = L::f(0.5f) - cx * cx - cy * cy;
     const typename L::F q2 = q * q;
-    const typename L::F n = (q2 * q2) * grad2<L>(permAt<L>(a + permAt<L>(b)), cx, cy);
+    const typename L::F n = (q2 * q2) * grad2<L>(hash, cx, cy);
     return L::select(L::ge(q, L::f(0.0f)), n, L::f(0.0f));
 }
 
 template <class L>
-HWY_INLINE typename L::F simplexCorner3(typename L::F cx, typename L::F cy, typename L::F cz, typename L::U a,
-                                        typename L::U b, typename L::U c) {
+HWY_INLINE typename L::F simplexCorner3(typename L::F cx, typename L::F cy, typename L::F cz, typename L::U hash) {
     const typename L::F q = L::f(0.6f) - cx * cx - cy * cy - cz * cz;
     const typename L::F q2 = q * q;
-    const typename L::F n = (q2 * q2) * grad3<L>(permAt<L>(a + permAt<L>(b + permAt<L>(c))), cx, cy, cz);
+    const typename L::F n = (q2 * q2) * grad3<L>(hash, cx, cy, cz);
     return L::select(L::ge(q, L::f(0.0f)), n, L::f(0.0f));
 }
 
@@ -271,15 +281,20 @@ HWY_INLINE typename L::F simplexNoise2(typename L::F x, typename L::F y) {
     // Which triangle of the rhombus: ties belong to the upper one.
     const typename L::M lower = L::gt(x0, y0);
     const F i1 = L::select(lower, L::f(1.0f), L::f(0.0f)), j1 = L::select(lower, L::f(0.0f), L::f(1.0f));
-    const U i1u = L::selectU(lower, L::u(1), L::u(0)), j1u = L::selectU(lower, L::u(0), L::u(1));
 
     const F x1 = x0 - i1 + L::f(G2), y1 = y0 - j1 + L::f(G2);
     const F x2 = x0 - L::f(1.0f) + L::f(G2x2), y2 = y0 - L::f(1.0f) + L::f(G2x2);
 
+    // Corner (di, dj) hashes perm[ii + di + perm[jj + dj]].
     const U ii = i & L::u(255), jj = j & L::u(255);
-    const F n0 = simplexCorner2<L>(x0, y0, ii, jj);
-    const F n1 = simplexCorner2<L>(x1, y1, ii + i1u, jj + j1u);
-    const F n2 = simplexCorner2<L>(x2, y2, ii + L::u(1), jj + L::u(1));
+    const typename L::M yes = L::eqU(ii, ii), no = L::negate(yes);
+    const U pj = permPair<L>(jj);
+    const U p0 = permPair<L>(ii + pairEntry<L>(pj, no));
+    const U p1 = permPair<L>(ii + pairEntry<L>(pj, L::negate(lower)));
+    const U p2 = permPair<L>(ii + pairEntry<L>(pj, yes));
+    const F n0 = simplexCorner2<L>(x0, y0, pairEntry<L>(p0, no));
+    const F n1 = simplexCorner2<L>(x1, y1, pairEntry<L>(p1, lower));
+    const F n2 = simplexCorner2<L>(x2, y2, pairEntry<L>(p2, yes));
     return (n1 + n0 + n2) * L::f(40.0f);
 }
 
@@ -325,14 +340,20 @@ HWY_INLINE typename L::F simplexNoise3(typename L::F x, typename L::F y, typenam
     const F z2 = z0 - L::select(k2, one, zero) + L::f(G3x2);
     const F x3 = x0 - L::f(0.5f), y3 = y0 - L::f(0.5f), z3 = z0 - L::f(0.5f);
 
+    // Corner (di, dj, dk) hashes perm[ii + di + perm[jj + dj + perm[kk + dk]]]: one pair at
+    // kk, one at jj + perm[kk + dk] for each dk, one per corner at the ii level.
     const U ii = i & L::u(255), jj = j & L::u(255), kk = k & L::u(255);
-    const U u1 = L::u(1), u0 = L::u(0);
-    const F n0 = simplexCorner3<L>(x0, y0, z0, ii, jj, kk);
-    const F n1 = simplexCorner3<L>(x1, y1, z1, ii + L::selectU(i1, u1, u0), jj + L::selectU(j1, u1, u0),
-                                   kk + L::selectU(k1, u1, u0));
-    const F n2 = simplexCorner3<L>(x2, y2, z2, ii + L::selectU(i2, u1, u0), jj + L::selectU(j2, u1, u0),
-                                   kk + L::selectU(k2, u1, u0));
-    const F n3 = simplexCorner3<L>(x3, y3, z3, ii + u1, jj + u1, kk + u1);
+    const M yes = L::eqU(ii, ii), no = L::negate(yes);
+    const U pk = permPair<L>(kk);
+    const U pj0 = permPair<L>(jj + pairEntry<L>(pk, no)), pj1 = permPair<L>(jj + pairEntry<L>(pk, yes));
+    const auto hash = [&](M di, M dj, M dk) {
+        const U pj = L::selectU(dk, pj1, pj0);
+        return pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj, dj)), di);
+    };
+    const F n0 = simplexCorner3<L>(x0, y0, z0, pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj0, no)), no));
+    const F n1 = simplexCorner3<L>(x1, y1, z1, hash(i1, j1, k1));
+    const F n2 = simplexCorner3<L>(x2, y2, z2, hash(i2, j2, k2));
+    const F n3 = simplexCorner3<L>(x3, y3, z3, pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj1, yes)), yes));
     return (n1 + n0 + n2 + n3) * L::f(32.0f);
 }
 
