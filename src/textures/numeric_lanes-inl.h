@@ -12,7 +12,6 @@
 #endif
 
 #include "hwy/highway.h"
-#include "simd/scalar_lanes.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace grainsmith::kind_kernels::HWY_NAMESPACE {
