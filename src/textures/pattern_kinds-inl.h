@@ -182,9 +182,9 @@ HWY_INLINE typename L::F stripes(const StripesData& d, bool /*planar*/, typename
             xs = x + t * a;
             break;
         case StripesTexture3D::Sine:  // the whole displacement in double, from y itself
-            xs = L::perLane(x, y, [amplitude = d.amplitude](float px, float py) {
-                return static_cast<float>(static_cast<double>(px) + std::sin(2.0 * static_cast<double>(py) * kPatternPi) *
-                                                                         static_cast<double>(amplitude));
+            xs = L::perLane(x, y, [amplitude = static_cast<double>(d.amplitude)](float px, float py) {
+                const double wave = std::sin(2.0 * static_cast<double>(py) * kPatternPi);
+                return static_cast<float>(static_cast<double>(px) + wave * amplitude);
             });
             break;
         case StripesTexture3D::Triangle:

@@ -177,7 +177,8 @@ TEST_F(BatchIdentity, SignedZeroAndNanPayloadsOnEveryLevel) {
             std::vector<float> out(kPoints);
             t(points.data(), kPoints, out.data());
             for (int i = 0; i < kPoints; ++i)
-                ASSERT_EQ(std::bit_cast<uint32_t>(out[i]), want) << what << ", " << simd::levelName(level) << ", point " << i;
+                ASSERT_EQ(std::bit_cast<uint32_t>(out[i]), want)
+                    << what << ", " << simd::levelName(level) << ", point " << i;
         }
         simd::forceLevel(0);
     };
