@@ -18,6 +18,7 @@
 //   gather(table, index)           table[index]
 //   inDouble(a, b, fn)             float(fn(double(a), double(b), ops)), ops.c(v) / ops.abs(v)
 //   perLane(v, fn)                 fn called on each lane (library functions such as pow)
+//   perLane(a, b, fn)              fn(a, b) called on each pair of lanes (atan2, ...)
 // plus the operators + - * on F and + - * & | ^ on U.
 
 #if defined(GRAINSMITH_SIMD_HWY_LANES_INL_H_) == defined(HWY_TARGET_TOGGLE)
@@ -118,7 +119,9 @@ struct HwyLanes {
     template <int kBits>
     static HWY_INLINE U shr(U v) { return hn::ShiftRight<kBits>(v); }
 
-    static HWY_INLINE F floor(F v) { return hn::Floor(v); }
+    // Without a rounding instruction (SSSE3 and older) Highway's Floor turns -0 into +0;
+    // the floor of a value always carries the value's sign, so the sign is put back.
+    static HWY_INLINE F floor(F v) { return hn::CopySign(hn::Floor(v), v); }
     static HWY_INLINE F sqrt(F v) { return hn::Sqrt(v); }
     static HWY_INLINE F abs(F v) { return hn::Abs(v); }
 
@@ -154,6 +157,16 @@ struct HwyLanes {
         hn::Store(v, df, lanes);
         for (size_t i = 0; i < hn::Lanes(df); ++i) lanes[i] = fn(lanes[i]);
         return hn::Load(df, lanes);
+    }
+    template <class Fn>
+    static HWY_INLINE F perLane(F a, F b, Fn fn) {
+        const DF df;
+        alignas(64) float first[hn::MaxLanes(df)];
+        alignas(64) float second[hn::MaxLanes(df)];
+        hn::Store(a, df, first);
+        hn::Store(b, df, second);
+        for (size_t i = 0; i < hn::Lanes(df); ++i) first[i] = fn(first[i], second[i]);
+        return hn::Load(df, first);
     }
 };
 #endif  // HWY_TARGET != HWY_SCALAR

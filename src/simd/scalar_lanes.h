@@ -99,6 +99,9 @@ struct ScalarLanes {
     // Calls a scalar function on every lane (for library functions such as pow).
     template <class Fn>
     static F perLane(F v, Fn fn) { return fn(v); }
+    // The same for a two-argument function (atan2, a displacement of x by y, ...).
+    template <class Fn>
+    static F perLane(F a, F b, Fn fn) { return fn(a, b); }
 };
 
 }  // namespace grainsmith::simd

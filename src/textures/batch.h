@@ -5,12 +5,18 @@
 
 #include "grainsmith/textures/cellular_kind.h"
 #include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/corrugated.h"
 #include "grainsmith/textures/folded_noise_kind.h"
 #include "grainsmith/textures/fractal_sum.h"
 #include "grainsmith/textures/granite.h"
+#include "grainsmith/textures/gradient.h"
+#include "grainsmith/textures/grid.h"
 #include "grainsmith/textures/perlin_noise.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/spiral.h"
+#include "grainsmith/textures/stripes.h"
+#include "grainsmith/textures/zigzag.h"
 
 namespace grainsmith::batch {
 
@@ -20,6 +26,12 @@ void turbulence(const FractalSumData& d, bool planar, const float* points, int n
 void simplex(const SimplexData& d, bool planar, const float* points, int n, float* out);
 void simpleMarble(const SimpleMarbleData& d, bool planar, const float* points, int n, float* out);
 void checkerboard(const CheckerboardData& d, bool planar, const float* points, int n, float* out);
+void gradient(const GradientData& d, bool planar, const float* points, int n, float* out);
+void grid(const GridData& d, bool planar, const float* points, int n, float* out);
+void stripes(const StripesData& d, bool planar, const float* points, int n, float* out);
+void zigzag(const ZigzagData& d, bool planar, const float* points, int n, float* out);
+void spiral(const SpiralData& d, bool planar, const float* points, int n, float* out);
+void corrugated(const CorrugatedData& d, bool planar, const float* points, int n, float* out);
 void granite(const GraniteData& d, bool planar, const float* points, int n, float* out);
 void dents(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
 void erosion(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);

@@ -1,7 +1,13 @@
 // Batch entries of the lattice pattern kinds (kernels in textures/pattern_kinds-inl.h),
 // one instance per SIMD level.
 #define GRAINSMITH_PATTERN_BATCH_KINDS(X) \
-    X(checkerboard, CheckerboardData)
+    X(checkerboard, CheckerboardData)    \
+    X(gradient, GradientData)            \
+    X(grid, GridData)                    \
+    X(stripes, StripesData)              \
+    X(zigzag, ZigzagData)                \
+    X(spiral, SpiralData)                \
+    X(corrugated, CorrugatedData)
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "textures/batch_pattern_kinds.cpp"

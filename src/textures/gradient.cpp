@@ -1,8 +1,9 @@
 #include "grainsmith/textures/gradient.h"
 
-#include <cmath>
-
-#include "grainsmith/numeric.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/pattern_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -21,27 +22,12 @@ ParamTable GradientTexture3D::parameters() {
     return table;
 }
 
-namespace {
-
-// Brings a coordinate outside [-1, 1] into the band by subtracting an even cell index.
-float wrapIntoBand(float c) {
-    if (!(c > 1.0f || c < -1.0f)) return c;
-    uint32_t k = static_cast<uint32_t>(cellFloor(c));
-    if (k & 1u) k += 1u;
-    return c - static_cast<float>(static_cast<int32_t>(k));
+float GradientTexture3D::evaluate(const float* p) const {
+    return kind_kernels::HWY_NAMESPACE::gradient<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
 }
 
-}  // namespace
-
-float GradientTexture3D::evaluate(const float* p) const {
-    const float x = wrapIntoBand(p[0]);
-    const float y = wrapIntoBand(p[1]);
-    const float z = wrapIntoBand(p[2]);
-    float v = 1.0f;
-    if (data_.xDir) v = std::fabs(x + 1.0f) / 2.0f;
-    if (data_.yDir) v = v * std::fabs(y + 1.0f) / 2.0f;
-    if (data_.zDir) v = v * std::fabs(z + 1.0f) / 2.0f;
-    return v;
+void GradientTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::gradient(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

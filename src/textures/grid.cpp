@@ -1,7 +1,9 @@
 #include "grainsmith/textures/grid.h"
 
-#include "grainsmith/numeric.h"
-#include "pattern_common.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/pattern_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -26,18 +28,11 @@ ParamTable GridTexture3D::parameters() {
 }
 
 float GridTexture3D::evaluate(const float* p) const {
-    const int dims = planar() ? 2 : 3;
-    const float half = data_.stripeWidth * 0.5f;
-    const float h2 = half * half;
-    for (int i = 0; i < dims; ++i) {
-        const float c = p[i];
-        const int32_t k = cellFloor(c);
-        const float d1 = c - static_cast<float>(k), d2 = cellAbove(k) - c;
-        if (d1 * d1 <= h2 || d2 * d2 <= h2) return 0.0f;
-    }
-    // z takes part in the cube's grey even in two-dimensional mode.
-    if (data_.randomizeColors) return data_.minColor + (data_.maxColor - data_.minColor) * cellRandom3(p[0], p[1], p[2]);
-    return 1.0f;
+    return kind_kernels::HWY_NAMESPACE::grid<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void GridTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::grid(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

@@ -22,17 +22,11 @@
 #include "grainsmith/textures/simplex.h"
 #include "hwy/highway.h"
 #include "noise/noise_kernels-inl.h"
+#include "textures/numeric_lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace grainsmith::kind_kernels::HWY_NAMESPACE {
 namespace noise = noise_kernels::HWY_NAMESPACE;
-
-// Below 0 (and NaN) gives 0, above 1 gives 1.
-template <class L>
-HWY_INLINE typename L::F clamp01(typename L::F v) {
-    const typename L::F low = L::select(L::ge(v, L::f(0.0f)), v, L::f(0.0f));
-    return L::select(L::gt(low, L::f(1.0f)), L::f(1.0f), low);
-}
 
 // "Perlin Noise": the octave sum (lacunarity 2, gain 0.5) remapped to [0, 1].
 template <class L>

@@ -1,9 +1,9 @@
 #include "grainsmith/textures/spiral.h"
 
-#include <cmath>
-
-#include "grainsmith/numeric.h"
-#include "pattern_common.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/pattern_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -21,20 +21,11 @@ ParamTable SpiralTexture3D::parameters() {
 }
 
 float SpiralTexture3D::evaluate(const float* p) const {
-    const float x = p[0], y = p[1], z = p[2];
-    float xs;
-    if (planar()) {
-        xs = x + y * data_.spiralRate;
-    } else {
-        const float rho = std::sqrt(x * x + z * z);
-        const float theta = std::atan2(z, x) + y * data_.spiralRate;
-        xs = rho * std::cos(theta);
-    }
-    const int32_t k = cellFloor(xs);
-    const float d1 = xs - static_cast<float>(k), d2 = cellAbove(k) - xs;
-    const float half = data_.stripeWidth * 0.5f;
-    const float h2 = half * half;
-    return h2 < d1 * d1 && h2 < d2 * d2 ? 1.0f : 0.0f;
+    return kind_kernels::HWY_NAMESPACE::spiral<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void SpiralTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::spiral(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

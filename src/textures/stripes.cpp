@@ -1,16 +1,14 @@
 #include "grainsmith/textures/stripes.h"
 
-#include <cmath>
-
-#include "grainsmith/noise/improved_noise.h"
-#include "grainsmith/numeric.h"
-#include "pattern_common.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/pattern_kinds-inl.h"
 
 namespace grainsmith {
 
 namespace {
 constexpr const char* kStyleNames[] = {"Perlin Noise", "Ribbon", "Sawtooth", "Sine", "Straight", "Triangle"};
-constexpr double kPi = 3.141592653589793;
 }  // namespace
 
 ParamTable StripesTexture3D::parameters() {
@@ -40,41 +38,11 @@ ParamTable StripesTexture3D::parameters() {
 }
 
 float StripesTexture3D::evaluate(const float* p) const {
-    const float x = p[0], y = p[1];
-    const float a = data_.amplitude;
-    const float t = y - std::floor(y);
-    float xs = x;
-    switch (data_.stripeStyle) {
-    case PerlinNoise:
-        xs = x + improved_noise2(2.0f * x, 2.0f * y) * a;
-        break;
-    case Ribbon:
-        xs = t < 0.5f ? x + ribbonArc(t, 0.25f) * a : x - ribbonArc(t, 0.75f) * a;
-        break;
-    case Sawtooth:
-        xs = x + t * a;
-        break;
-    case Sine:  // the whole displacement in double, from y itself
-        xs = static_cast<float>(static_cast<double>(x) +
-                                std::sin(2.0 * static_cast<double>(y) * kPi) * static_cast<double>(a));
-        break;
-    case Triangle:
-        xs = x + triangleWave(t) * a;
-        break;
-    default:
-        break;
-    }
+    return kind_kernels::HWY_NAMESPACE::stripes<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
 
-    const int32_t k = cellFloor(xs);
-    const float d1 = xs - static_cast<float>(k), d2 = cellAbove(k) - xs;
-    const float d1s = d1 * d1, d2s = d2 * d2;
-    const float half = data_.stripeWidth * 0.5f;
-    const float h2 = half * half;
-    if (!data_.randomizeColors) return d1s <= h2 || d2s <= h2 ? 0.0f : 1.0f;
-    const float range = data_.maxColor - data_.minColor;
-    if (d1s <= h2) return data_.minColor + range * cellRandom1(static_cast<float>(k));
-    if (d2s <= h2) return data_.minColor + range * cellRandom1(cellAbove(k));
-    return 1.0f;
+void StripesTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::stripes(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

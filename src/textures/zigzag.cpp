@@ -1,8 +1,9 @@
 #include "grainsmith/textures/zigzag.h"
 
-#include <cmath>
-
-#include "grainsmith/numeric.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/pattern_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -19,16 +20,11 @@ ParamTable ZigzagTexture3D::parameters() {
 }
 
 float ZigzagTexture3D::evaluate(const float* p) const {
-    const float x = p[0], y = p[1];
-    const double fx = std::floor(static_cast<double>(x)), fy = std::floor(static_cast<double>(y));
-    const bool light = std::fabs(std::fmod(std::floor((fx + fy) * 0.5), 2.0)) != 0.0;
-    if (!data_.randomizeColors) return light ? 0.75f : 0.25f;
-    // Odd rows pair their cells one unit further on, so the pieces interlock like bricks.
-    const bool oddRow = toInt32(std::floor(y)) % 2 != 0;
-    const float u = oddRow ? x + 1.0f : x;
-    const float r = cellRandom2(u * 0.5f, y);
-    const float s = (r * 2.0f - 1.0f) * data_.variability;
-    return clamp01(light ? s * 0.25f + 0.75f : (s + 1.0f) * 0.25f);
+    return kind_kernels::HWY_NAMESPACE::zigzag<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
+}
+
+void ZigzagTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::zigzag(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

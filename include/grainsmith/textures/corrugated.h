@@ -27,6 +27,7 @@ public:
     char* getDescriptionPointer() { return reinterpret_cast<char*>(&data_); }
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

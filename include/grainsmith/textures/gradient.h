@@ -29,6 +29,7 @@ public:
     void setZDir(bool on) { data_.zDir = on; }
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith
