@@ -11,6 +11,7 @@
 #include "grainsmith/textures/perlin_noise.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/wood.h"
 
 namespace grainsmith::batch {
 
@@ -24,5 +25,6 @@ void granite(const GraniteData& d, bool planar, const float* points, int n, floa
 void dents(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
 void erosion(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
 void voronoi(const CellularData& d, bool planar, const float* points, int n, float* out);
+void wood(const WoodData& d, bool planar, const float* points, int n, float* out);
 
 }  // namespace grainsmith::batch

@@ -20,8 +20,10 @@
 #include "grainsmith/textures/perlin_noise.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/wood.h"
 #include "hwy/highway.h"
 #include "noise/noise_kernels-inl.h"
+#include "textures/pattern_kinds-inl.h"
 
 HWY_BEFORE_NAMESPACE();
 namespace grainsmith::kind_kernels::HWY_NAMESPACE {
@@ -212,6 +214,12 @@ HWY_INLINE typename L::F dents(const FoldedNoiseData& d, bool planar, typename L
     return clamp01<L>(foldedNoiseSum<L>(d, planar, x, y, z, 1.0f, 1.0));
 }
 
+// The smooth step (3 - 2u) u^2 of u in [0, 1], without a clamp.
+template <class L>
+HWY_INLINE typename L::F hermite(typename L::F u) {
+    return (L::f(3.0f) - L::f(2.0f) * u) * (u * u);
+}
+
 // "Erosion": the folded sum from frequency 4 through a smooth step from 0 to 1 over
 // [0.0001, 0.003]; NaN falls through to 1.
 template <class L>
@@ -220,8 +228,35 @@ HWY_INLINE typename L::F erosion(const FoldedNoiseData& d, bool planar, typename
     using F = typename L::F;
     const F v = foldedNoiseSum<L>(d, planar, x, y, z, 4.0f, 4.0);
     const F u = (v - L::f(0.0001f)) * L::f(344.82758f);
-    const F smooth = (L::f(3.0f) - L::f(2.0f) * u) * (u * u);
-    return L::select(L::lt(v, L::f(0.0001f)), L::f(0.0f), L::select(L::lt(v, L::f(0.003f)), smooth, L::f(1.0f)));
+    return L::select(L::lt(v, L::f(0.0001f)), L::f(0.0f), L::select(L::lt(v, L::f(0.003f)), hermite<L>(u), L::f(1.0f)));
+}
+
+// "Wood": rings around the y axis, their centre shifted by the perturbing octave sum
+// remapped as (sum + 1) / 2, the ring fraction shaded by a dark weight that rises over
+// [0, 0.8) and falls back to 0 over [0.83, 1). Always three-dimensional; not clamped.
+template <class L>
+HWY_INLINE typename L::F wood(const WoodData& d, bool /*planar*/, typename L::F x, typename L::F y,
+                              typename L::F z) {
+    using F = typename L::F;
+    F rx = x, rz = z;
+    if (d.frequency > 0.0f) {
+        const F n = (noise::fractalNoise3<L>(x, y, z, capLoopCount(d.octaves), d.frequency, d.amplitude) +
+                     L::f(1.0f)) *
+                    L::f(0.5f);
+        rx = rx + n;
+        rz = rz + n;
+    }
+    F r = L::sqrt(rz * rz + rx * rx) * L::f(d.ringScale);
+    r = r + L::abs((noise::improvedNoise1<L>(r) + L::f(1.0f)) * L::f(0.5f));
+    r = r - L::toFloat(cellIndex<L>(r));
+    // NaN fractions: no rise (a = 0) but the full fall (b = 1).
+    const F a = L::select(L::ge(r, L::f(0.0f)),
+                          L::select(L::lt(r, L::f(0.8f)), hermite<L>(r * L::f(1.25f)), L::f(1.0f)), L::f(0.0f));
+    const F b = L::select(L::lt(r, L::f(0.83f)), L::f(0.0f),
+                          L::select(L::lt(r, L::f(1.0f)), hermite<L>((r - L::f(0.83f)) * L::f(5.8823524f)),
+                                    L::f(1.0f)));
+    const F dark = a - b;
+    return (L::f(1.0f) - dark) * L::f(d.lightColor) + dark * L::f(d.darkColor);
 }
 
 }  // namespace grainsmith::kind_kernels::HWY_NAMESPACE
