@@ -92,6 +92,11 @@ struct ScalarLanes {
     // Calls a scalar function on every lane (for library functions such as pow).
     template <class Fn>
     static F perLane(F v, Fn fn) { return fn(v); }
+    // fn(i, ops) evaluated in double on the lane read as a signed int32, rounded once to float.
+    template <class Fn>
+    static F intInDouble(U v, Fn fn) {
+        return static_cast<float>(fn(static_cast<double>(static_cast<int32_t>(v)), DoubleOps{}));
+    }
 };
 
 }  // namespace grainsmith::simd

@@ -5,12 +5,14 @@
 
 #include "grainsmith/textures/cellular_kind.h"
 #include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/cheetah.h"
 #include "grainsmith/textures/folded_noise_kind.h"
 #include "grainsmith/textures/fractal_sum.h"
 #include "grainsmith/textures/granite.h"
 #include "grainsmith/textures/perlin_noise.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/voronoi_tile.h"
 #include "grainsmith/textures/wood.h"
 
 namespace grainsmith::batch {
@@ -26,5 +28,7 @@ void dents(const FoldedNoiseData& d, bool planar, const float* points, int n, fl
 void erosion(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
 void voronoi(const CellularData& d, bool planar, const float* points, int n, float* out);
 void wood(const WoodData& d, bool planar, const float* points, int n, float* out);
+void cheetah(const CheetahData& d, bool planar, const float* points, int n, float* out);
+void voronoiTile(const VoronoiTileData& d, bool planar, const float* points, int n, float* out);
 
 }  // namespace grainsmith::batch
