@@ -240,16 +240,8 @@ HWY_INLINE typename L::F tileLength(typename L::F a, typename L::F b, typename L
 template <class L>
 HWY_INLINE typename L::F boundaryNoise(const VoronoiTileData& d, typename L::F t) {
     using F = typename L::F;
-    const F lacunarity = L::f(d.boundaryLacunarity);
-    const int count = capLoopCount(d.boundaryOctaves);
-    float w = 1.0f;
-    F s = L::f(0.0f);
-    for (int i = 0; i < count; ++i) {
-        s = s + noise::improvedNoise1<L>(t) * L::f(w);
-        t = t * lacunarity;
-        w *= d.boundaryGain;
-    }
-    return s;
+    return weightedOctaves<L>(d.boundaryOctaves, d.boundaryLacunarity, d.boundaryGain, t, t, t,
+                              [](F a, F, F) { return noise::improvedNoise1<L>(a); });
 }
 
 // One coordinate moved by 0.15 x the boundary noise of its own value; the sum is formed in
@@ -265,19 +257,8 @@ template <class L>
 HWY_INLINE typename L::F tileNoise(const VoronoiTileData& d, bool planar, typename L::F x, typename L::F y,
                                    typename L::F z) {
     using F = typename L::F;
-    const F lacunarity = L::f(d.cellLacunarity);
-    const int count = capLoopCount(d.cellOctaves);
-    float w = 1.0f;
-    F sum = L::f(0.0f);
-    for (int i = 0; i < count; ++i) {
-        const F n = planar ? noise::improvedNoise2<L>(x, y) : noise::improvedNoise3<L>(x, y, z);
-        x = x * lacunarity;
-        y = y * lacunarity;
-        z = z * lacunarity;
-        sum = sum + n * L::f(w);
-        w *= d.cellGain;
-    }
-    return sum;
+    return weightedOctaves<L>(d.cellOctaves, d.cellLacunarity, d.cellGain, x, y, z,
+                              [planar](F a, F b, F c) { return improvedNoise<L>(planar, a, b, c); });
 }
 
 // "Voronoi Tiles": a point is inside a tile when the margin F2 - F1 between its two

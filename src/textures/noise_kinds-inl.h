@@ -46,29 +46,44 @@ HWY_INLINE typename L::F perlinNoise(const PerlinData& d, bool planar, typename 
     return clamp01<L>((n + L::f(1.0f)) * L::f(0.5f));
 }
 
+// An octave sum: `sample` (a noise, possibly shaped) at the point, then the coordinates
+// multiplied by the lacunarity; weights 1, gain, gain^2, ... kept as a float and multiplied
+// by the gain after each octave. At most 64 octaves; none for a count below 1.
+template <class L, class Sample>
+HWY_INLINE typename L::F weightedOctaves(int octaves, float lacunarity, float gain, typename L::F x,
+                                         typename L::F y, typename L::F z, Sample sample) {
+    using F = typename L::F;
+    const F factor = L::f(lacunarity);
+    F sum = L::f(0.0f);
+    float w = 1.0f;
+    const int count = capLoopCount(octaves);
+    for (int i = 0; i < count; ++i) {
+        const F n = sample(x, y, z);
+        x = x * factor;
+        y = y * factor;
+        z = z * factor;
+        sum = sum + n * L::f(w);
+        w *= gain;
+    }
+    return sum;
+}
+
+// Improved gradient noise of the plane (x, y) or of space.
+template <class L>
+HWY_INLINE typename L::F improvedNoise(bool planar, typename L::F x, typename L::F y, typename L::F z) {
+    return planar ? noise::improvedNoise2<L>(x, y) : noise::improvedNoise3<L>(x, y, z);
+}
+
 // The octave loop shared by FBM and Turbulence: improved gradient noise at the scaled
-// point, the coordinates multiplied by the lacunarity and the weight by the gain after each
-// octave. `fold` shapes each octave's noise before it is weighted.
+// point; `fold` shapes each octave's noise before it is weighted.
 template <class L, class Fold>
 HWY_INLINE typename L::F octaveSum(const FractalSumData& d, bool planar, typename L::F x, typename L::F y,
                                    typename L::F z, Fold fold) {
     using F = typename L::F;
-    const F scale = L::f(d.scale), lacunarity = L::f(d.lacunarity);
-    F qx = x * scale;
-    F qy = y * scale;
-    F qz = planar ? L::f(0.0f) : z * scale;  // the plane never reads z
-    F sum = L::f(0.0f);
-    float w = 1.0f;
-    const int count = capLoopCount(d.octaves);
-    for (int i = 0; i < count; ++i) {
-        const F n = planar ? noise::improvedNoise2<L>(qx, qy) : noise::improvedNoise3<L>(qx, qy, qz);
-        qx = qx * lacunarity;
-        qy = qy * lacunarity;
-        qz = qz * lacunarity;
-        sum = sum + fold(n) * L::f(w);
-        w *= d.gain;
-    }
-    return sum;
+    const F scale = L::f(d.scale);
+    const F qz = planar ? L::f(0.0f) : z * scale;  // the plane never reads z
+    return weightedOctaves<L>(d.octaves, d.lacunarity, d.gain, x * scale, y * scale, qz,
+                              [planar, fold](F a, F b, F c) { return fold(improvedNoise<L>(planar, a, b, c)); });
 }
 
 // "FBM": the octave sum remapped from about [-1, 1] to [0, 1].
