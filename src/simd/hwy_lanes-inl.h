@@ -19,6 +19,7 @@
 //   inDouble(a, b, fn)             float(fn(double(a), double(b), ops)), ops.c(v) / ops.abs(v)
 //   perLane(v, fn)                 fn called on each lane (library functions such as pow)
 //   perLane(a, b, fn)              fn(a, b) called on each pair of lanes (atan2, ...)
+//   intInDouble(U i, fn)           float(fn(double(int32 i), ops)): integer arithmetic in double
 // plus the operators + - * on F and + - * & | ^ on U.
 
 #if defined(GRAINSMITH_SIMD_HWY_LANES_INL_H_) == defined(HWY_TARGET_TOGGLE)
@@ -167,6 +168,18 @@ struct HwyLanes {
         hn::Store(b, df, second);
         for (size_t i = 0; i < hn::Lanes(df); ++i) first[i] = fn(first[i], second[i]);
         return hn::Load(df, first);
+    }
+
+    template <class Fn>
+    static HWY_INLINE F intInDouble(U v, Fn fn) {
+        const DF df;
+        const hn::Half<DF> dh;
+        const hn::Half<DI> dih;
+        const hn::RepartitionToWide<DF> dd;
+        const auto i = hn::BitCast(DI(), v);
+        const auto lo = fn(hn::PromoteTo(dd, hn::LowerHalf(dih, i)), DoubleOps{});
+        const auto hi = fn(hn::PromoteTo(dd, hn::UpperHalf(dih, i)), DoubleOps{});
+        return hn::Combine(df, hn::DemoteTo(dh, hi), hn::DemoteTo(dh, lo));
     }
 };
 #endif  // HWY_TARGET != HWY_SCALAR

@@ -102,6 +102,11 @@ struct ScalarLanes {
     // The same for a two-argument function (atan2, a displacement of x by y, ...).
     template <class Fn>
     static F perLane(F a, F b, Fn fn) { return fn(a, b); }
+    // fn(i, ops) evaluated in double on the lane read as a signed int32, rounded once to float.
+    template <class Fn>
+    static F intInDouble(U v, Fn fn) {
+        return static_cast<float>(fn(static_cast<double>(static_cast<int32_t>(v)), DoubleOps{}));
+    }
 };
 
 }  // namespace grainsmith::simd

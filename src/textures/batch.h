@@ -5,6 +5,7 @@
 
 #include "grainsmith/textures/cellular_kind.h"
 #include "grainsmith/textures/checkerboard.h"
+#include "grainsmith/textures/cheetah.h"
 #include "grainsmith/textures/corrugated.h"
 #include "grainsmith/textures/folded_noise_kind.h"
 #include "grainsmith/textures/fractal_sum.h"
@@ -16,6 +17,8 @@
 #include "grainsmith/textures/simplex.h"
 #include "grainsmith/textures/spiral.h"
 #include "grainsmith/textures/stripes.h"
+#include "grainsmith/textures/voronoi_tile.h"
+#include "grainsmith/textures/wood.h"
 #include "grainsmith/textures/zigzag.h"
 
 namespace grainsmith::batch {
@@ -36,5 +39,8 @@ void granite(const GraniteData& d, bool planar, const float* points, int n, floa
 void dents(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
 void erosion(const FoldedNoiseData& d, bool planar, const float* points, int n, float* out);
 void voronoi(const CellularData& d, bool planar, const float* points, int n, float* out);
+void wood(const WoodData& d, bool planar, const float* points, int n, float* out);
+void cheetah(const CheetahData& d, bool planar, const float* points, int n, float* out);
+void voronoiTile(const VoronoiTileData& d, bool planar, const float* points, int n, float* out);
 
 }  // namespace grainsmith::batch

@@ -9,7 +9,8 @@
     X(simpleMarble, SimpleMarbleData)   \
     X(granite, GraniteData)             \
     X(dents, FoldedNoiseData)           \
-    X(erosion, FoldedNoiseData)
+    X(erosion, FoldedNoiseData)         \
+    X(wood, WoodData)
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "textures/batch_noise_kinds.cpp"

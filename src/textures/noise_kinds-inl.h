@@ -20,6 +20,7 @@
 #include "grainsmith/textures/perlin_noise.h"
 #include "grainsmith/textures/simple_marble.h"
 #include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/wood.h"
 #include "hwy/highway.h"
 #include "noise/noise_kernels-inl.h"
 #include "textures/numeric_lanes-inl.h"
@@ -38,29 +39,44 @@ HWY_INLINE typename L::F perlinNoise(const PerlinData& d, bool planar, typename 
     return clamp01<L>((n + L::f(1.0f)) * L::f(0.5f));
 }
 
+// An octave sum: `sample` (a noise, possibly shaped) at the point, then the coordinates
+// multiplied by the lacunarity; weights 1, gain, gain^2, ... kept as a float and multiplied
+// by the gain after each octave. At most 64 octaves; none for a count below 1.
+template <class L, class Sample>
+HWY_INLINE typename L::F weightedOctaves(int octaves, float lacunarity, float gain, typename L::F x,
+                                         typename L::F y, typename L::F z, Sample sample) {
+    using F = typename L::F;
+    const F factor = L::f(lacunarity);
+    F sum = L::f(0.0f);
+    float w = 1.0f;
+    const int count = capLoopCount(octaves);
+    for (int i = 0; i < count; ++i) {
+        const F n = sample(x, y, z);
+        x = x * factor;
+        y = y * factor;
+        z = z * factor;
+        sum = sum + n * L::f(w);
+        w *= gain;
+    }
+    return sum;
+}
+
+// Improved gradient noise of the plane (x, y) or of space.
+template <class L>
+HWY_INLINE typename L::F improvedNoise(bool planar, typename L::F x, typename L::F y, typename L::F z) {
+    return planar ? noise::improvedNoise2<L>(x, y) : noise::improvedNoise3<L>(x, y, z);
+}
+
 // The octave loop shared by FBM and Turbulence: improved gradient noise at the scaled
-// point, the coordinates multiplied by the lacunarity and the weight by the gain after each
-// octave. `fold` shapes each octave's noise before it is weighted.
+// point; `fold` shapes each octave's noise before it is weighted.
 template <class L, class Fold>
 HWY_INLINE typename L::F octaveSum(const FractalSumData& d, bool planar, typename L::F x, typename L::F y,
                                    typename L::F z, Fold fold) {
     using F = typename L::F;
-    const F scale = L::f(d.scale), lacunarity = L::f(d.lacunarity);
-    F qx = x * scale;
-    F qy = y * scale;
-    F qz = planar ? L::f(0.0f) : z * scale;  // the plane never reads z
-    F sum = L::f(0.0f);
-    float w = 1.0f;
-    const int count = capLoopCount(d.octaves);
-    for (int i = 0; i < count; ++i) {
-        const F n = planar ? noise::improvedNoise2<L>(qx, qy) : noise::improvedNoise3<L>(qx, qy, qz);
-        qx = qx * lacunarity;
-        qy = qy * lacunarity;
-        qz = qz * lacunarity;
-        sum = sum + fold(n) * L::f(w);
-        w *= d.gain;
-    }
-    return sum;
+    const F scale = L::f(d.scale);
+    const F qz = planar ? L::f(0.0f) : z * scale;  // the plane never reads z
+    return weightedOctaves<L>(d.octaves, d.lacunarity, d.gain, x * scale, y * scale, qz,
+                              [planar, fold](F a, F b, F c) { return fold(improvedNoise<L>(planar, a, b, c)); });
 }
 
 // "FBM": the octave sum remapped from about [-1, 1] to [0, 1].
@@ -206,6 +222,12 @@ HWY_INLINE typename L::F dents(const FoldedNoiseData& d, bool planar, typename L
     return clamp01<L>(foldedNoiseSum<L>(d, planar, x, y, z, 1.0f, 1.0));
 }
 
+// The smooth step (3 - 2u) u^2 of u in [0, 1], without a clamp.
+template <class L>
+HWY_INLINE typename L::F hermite(typename L::F u) {
+    return (L::f(3.0f) - L::f(2.0f) * u) * (u * u);
+}
+
 // "Erosion": the folded sum from frequency 4 through a smooth step from 0 to 1 over
 // [0.0001, 0.003]; NaN falls through to 1.
 template <class L>
@@ -214,8 +236,35 @@ HWY_INLINE typename L::F erosion(const FoldedNoiseData& d, bool planar, typename
     using F = typename L::F;
     const F v = foldedNoiseSum<L>(d, planar, x, y, z, 4.0f, 4.0);
     const F u = (v - L::f(0.0001f)) * L::f(344.82758f);
-    const F smooth = (L::f(3.0f) - L::f(2.0f) * u) * (u * u);
-    return L::select(L::lt(v, L::f(0.0001f)), L::f(0.0f), L::select(L::lt(v, L::f(0.003f)), smooth, L::f(1.0f)));
+    return L::select(L::lt(v, L::f(0.0001f)), L::f(0.0f), L::select(L::lt(v, L::f(0.003f)), hermite<L>(u), L::f(1.0f)));
+}
+
+// "Wood": rings around the y axis, their centre shifted by the perturbing octave sum
+// remapped as (sum + 1) / 2, the ring fraction shaded by a dark weight that rises over
+// [0, 0.8) and falls back to 0 over [0.83, 1). Always three-dimensional; not clamped.
+template <class L>
+HWY_INLINE typename L::F wood(const WoodData& d, bool /*planar*/, typename L::F x, typename L::F y,
+                              typename L::F z) {
+    using F = typename L::F;
+    F rx = x, rz = z;
+    if (d.frequency > 0.0f) {
+        const F n = (noise::fractalNoise3<L>(x, y, z, capLoopCount(d.octaves), d.frequency, d.amplitude) +
+                     L::f(1.0f)) *
+                    L::f(0.5f);
+        rx = rx + n;
+        rz = rz + n;
+    }
+    F r = L::sqrt(rz * rz + rx * rx) * L::f(d.ringScale);
+    r = r + L::abs((noise::improvedNoise1<L>(r) + L::f(1.0f)) * L::f(0.5f));
+    r = r - L::toFloat(cellIndex<L>(r));
+    // NaN fractions: no rise (a = 0) but the full fall (b = 1).
+    const F a = L::select(L::ge(r, L::f(0.0f)),
+                          L::select(L::lt(r, L::f(0.8f)), hermite<L>(r * L::f(1.25f)), L::f(1.0f)), L::f(0.0f));
+    const F b = L::select(L::lt(r, L::f(0.83f)), L::f(0.0f),
+                          L::select(L::lt(r, L::f(1.0f)), hermite<L>((r - L::f(0.83f)) * L::f(5.8823524f)),
+                                    L::f(1.0f)));
+    const F dark = a - b;
+    return (L::f(1.0f) - dark) * L::f(d.lightColor) + dark * L::f(d.darkColor);
 }
 
 }  // namespace grainsmith::kind_kernels::HWY_NAMESPACE

@@ -36,17 +36,27 @@ HWY_INLINE typename L::U cellHash(typename L::U n) {
     return (n * n * L::u(15731u) + L::u(789221u)) * n + L::u(1376312589u);
 }
 
-// cellRandom2 / cellRandom3: the cell's hash as an unsigned float times 2^-32.
+// The hash of a combined cell number as an unsigned float times 2^-32, in [0, 1].
+template <class L>
+HWY_INLINE typename L::F cellUnit(typename L::U n) {
+    return L::unsignedToFloat(cellHash<L>(n)) * L::f(2.3283064e-10f);
+}
+
+// cellRandom2 / cellRandom3: the unit value of the cells the coordinates lie in. A search
+// over neighbouring cells that already holds the indices hashes them directly.
+template <class L>
+HWY_INLINE typename L::F cellRandom2OfIndices(typename L::U ix, typename L::U iy) {
+    return cellUnit<L>(ix + iy * L::u(1301u));
+}
+
 template <class L>
 HWY_INLINE typename L::F cellRandom2(typename L::F x, typename L::F y) {
-    const typename L::U n = cellIndex<L>(x) + cellIndex<L>(y) * L::u(1301u);
-    return L::unsignedToFloat(cellHash<L>(n)) * L::f(2.3283064e-10f);
+    return cellRandom2OfIndices<L>(cellIndex<L>(x), cellIndex<L>(y));
 }
 
 template <class L>
 HWY_INLINE typename L::F cellRandom3(typename L::F x, typename L::F y, typename L::F z) {
-    const typename L::U n = cellIndex<L>(x) + cellIndex<L>(y) * L::u(1301u) + cellIndex<L>(z) * L::u(314159u);
-    return L::unsignedToFloat(cellHash<L>(n)) * L::f(2.3283064e-10f);
+    return cellUnit<L>(cellIndex<L>(x) + cellIndex<L>(y) * L::u(1301u) + cellIndex<L>(z) * L::u(314159u));
 }
 
 // cellRandom1: 31 bits of the hash scaled in double and rounded once to float. The 31 bits

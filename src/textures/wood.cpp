@@ -1,10 +1,10 @@
 #include "grainsmith/textures/wood.h"
 
-#include <cmath>
-
-#include "grainsmith/limits.h"
-#include "grainsmith/noise/improved_noise.h"
 #include "grainsmith/numeric.h"
+#include "hwy/highway.h"
+#include "simd/scalar_lanes.h"
+#include "textures/batch.h"
+#include "textures/noise_kinds-inl.h"
 
 namespace grainsmith {
 
@@ -39,50 +39,12 @@ ParamTable WoodTexture3D::parameters() {
 
 int WoodTexture3D::ringScale() const { return toInt32(data_.ringScale); }
 
-namespace {
-
-// Smooth step (3 - 2u) u^2 of u in [0, 1].
-inline float smooth(float u) { return (3.0f - 2.0f * u) * (u * u); }
-
-}  // namespace
-
-float WoodTexture3D::simpleWood(const float* p) const {
-    float x = p[0];
-    float z = p[2];
-    if (data_.frequency > 0.0f) {
-        // Shift the rings' centre by the perturbing octave sum, remapped as (sum + 1) / 2.
-        const float n = (fractal_noise_3D(p[0], p[1], p[2], capLoopCount(data_.octaves), data_.frequency,
-                                          data_.amplitude) +
-                         1.0f) *
-                        0.5f;
-        x += n;
-        z += n;
-    }
-    float r = std::sqrt(z * z + x * x) * data_.ringScale;
-    r += std::fabs((improved_noise1(r) + 1.0f) * 0.5f);
-    r = r - static_cast<float>(cellFloor(r));
-
-    // The dark weight rises over [0, 0.8) and falls back to 0 over [0.83, 1).
-    float a;
-    if (!(r >= 0.0f))
-        a = 0.0f;
-    else if (r < 0.8f)
-        a = smooth(r * 1.25f);
-    else
-        a = 1.0f;
-    float b;
-    if (r < 0.83f)
-        b = 0.0f;
-    else if (r < 1.0f)
-        b = smooth((r - 0.83f) * 5.8823524f);
-    else
-        b = 1.0f;
-    const float d = a - b;
-    return (1.0f - d) * data_.lightColor + d * data_.darkColor;
+float WoodTexture3D::evaluate(const float* p) const {
+    return kind_kernels::HWY_NAMESPACE::wood<simd::ScalarLanes>(data_, planar(), p[0], p[1], p[2]);
 }
 
-void WoodTexture3D::operator()(const float* points, int n, float* out) const {
-    for (int i = 0; i < n; ++i) out[i] = simpleWood(points + 3 * i);
+void WoodTexture3D::evaluateBatch(const float* points, int n, float* out) const {
+    batch::wood(data_, planar(), points, n, out);
 }
 
 }  // namespace grainsmith

@@ -44,3 +44,12 @@ TEST(CheetahKind, WithoutLayoutJitterSpotsSitOnCellCentres) {
             EXPECT_EQ(valueAt(inPlane(withParams<CheetahTexture3D>({outside, 0, 0.5}), flags), c, 1 - c, c), 0.0f) << c;
         }
 }
+
+TEST(CheetahKind, CellCentresAreFormedInDoubleBeforeRounding) {
+    // x = -16777218 lies in cell -16777219; its centre -16777218.5 rounds once to -16777218, so
+    // with no jitter the point sits on a spot centre (distance 0, radius 1: a spot). Rounding the
+    // index to float first (-16777220) would put every centre along x 2 away: background.
+    const CheetahTexture3D t = withParams<CheetahTexture3D>({1.0, 0.0, 0.0});
+    EXPECT_EQ(valueAt(t, -16777218.0f, 0.5f, 0.5f), 0.0f);
+    EXPECT_EQ(valueAt(inPlane(t, kPlanar), -16777218.0f, 0.5f, 0.5f), 0.0f);
+}

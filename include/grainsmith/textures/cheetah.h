@@ -30,6 +30,7 @@ public:
     void setSpotVariability(float v) { data_.spotVariability = v; }
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 
 private:
     // Distance from the point to the nearest spot centre of the 3 x 3 (x 3) cells around it.

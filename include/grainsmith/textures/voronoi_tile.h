@@ -78,6 +78,7 @@ public:
     void setBoundaryDetail(float v) { data_.boundaryDetail = v; }
 
     float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith

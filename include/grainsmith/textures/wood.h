@@ -41,15 +41,8 @@ public:
     float lightColor() const { return data_.lightColor; }
     void setLightColor(float v) { data_.lightColor = v; }
 
-    // Wood evaluates its batches with its own loop over the ring function rather than
-    // through the one-point slot; the values are the same.
-    void operator()(const float* points, int n, float* out) const override;
-    using TextureKind::operator();
-
-    float evaluate(const float* p) const { return simpleWood(p); }
-
-private:
-    float simpleWood(const float* p) const;
+    float evaluate(const float* p) const;
+    void evaluateBatch(const float* points, int n, float* out) const;
 };
 
 }  // namespace grainsmith
