@@ -45,7 +45,7 @@ std::vector<float> evaluateSession(const std::vector<float>& points) {
         Block p(3 * sizeof(float));
         std::memcpy(p.data(), points.data() + 3 * i, 3 * sizeof(float));
         const float one = call(continueSessionOne, p.data(), nullptr, nullptr);
-        if (bitsOf(one) != bitsOf(values[i])) finding("continueSessionOne differs from continueSession");
+        if (!sameValue(one, values[i])) finding("continueSessionOne differs from continueSession");
     }
     return values;
 }

@@ -51,7 +51,8 @@ std::vector<float> randomPoints(std::mt19937& rng, int n) {
 void randomiseRecord(const Kind& kind, std::mt19937& rng, unsigned char* record) {
     static constexpr int32_t kCounts[] = {-3, 0, 1, 1, 2, 3, 4, 5, 8, 65, INT32_MIN};
     static constexpr float kFloats[] = {0.0f, -0.0f, 0.5f, 1.0f, 2.0f, 4.0f, -3.7f, 0.013f, 2.17f,
-                                        1e-40f, 1e30f, NAN, INFINITY, -INFINITY, 97.5f};
+                                        1e-40f, 1e30f, NAN, INFINITY, -INFINITY, 97.5f,
+                                        std::bit_cast<float>(0xffcccccdu), std::bit_cast<float>(0x7fa00001u)};
     for (const Param& p : kind.ops->parameters()) {
         unsigned char* field = record + p.offset;
         switch (p.type) {
