@@ -36,12 +36,17 @@ namespace grainsmith {
 const uint8_t perm[512] = {GRAINSMITH_REFERENCE_PERMUTATION, GRAINSMITH_REFERENCE_PERMUTATION};
 
 namespace noise_detail {
-const uint8_t kPermPadded[520] = {GRAINSMITH_REFERENCE_PERMUTATION, GRAINSMITH_REFERENCE_PERMUTATION};
+// The cycle continues into the padding, so that a read anywhere in the table is the cyclic
+// read (periodicBytes4) at that index.
+const uint8_t kPermPadded[520] = {GRAINSMITH_REFERENCE_PERMUTATION, GRAINSMITH_REFERENCE_PERMUTATION,
+                                  151, 160, 137, 91, 90, 15, 131, 13};
 }  // namespace noise_detail
 
 namespace {
 
 constexpr int32_t kReference[256] = {GRAINSMITH_REFERENCE_PERMUTATION};
+static_assert(kReference[0] == 151 && kReference[1] == 160 && kReference[2] == 137 && kReference[3] == 91 &&
+              kReference[4] == 90 && kReference[5] == 15 && kReference[6] == 131 && kReference[7] == 13);
 
 #undef GRAINSMITH_REFERENCE_PERMUTATION
 

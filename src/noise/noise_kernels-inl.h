@@ -110,7 +110,7 @@ HWY_INLINE typename L::F grad3(typename L::U hash, typename L::F x, typename L::
 // Reads the reference permutation: byte 0 of the result is perm[i], byte 1 perm[i + 1].
 template <class L>
 struct PermutationPairs {
-    HWY_INLINE typename L::U operator()(typename L::U i) const { return L::bytes4(noise_detail::kPermPadded, i); }
+    HWY_INLINE typename L::U operator()(typename L::U i) const { return L::periodicBytes4(noise_detail::kPermPadded, i); }
 };
 
 // One octave of 3-D noise, unscaled, hashing through `pairs` (indices below 511 by
@@ -151,8 +151,8 @@ HWY_INLINE typename L::F gradientNoise2(typename L::F x, typename L::F y) {
     const U cx = noiseFloor<L>(x), cy = noiseFloor<L>(y);
     const U X = cx & L::u(255), Y = cy & L::u(255);
     const F fx = x - L::toFloat(cx), fy = y - L::toFloat(cy);
-    const U pX = L::bytes4(P, X);
-    const U hA = L::bytes4(P, byteOf<L>(pX, 0) + Y), hB = L::bytes4(P, byteOf<L>(pX, 1) + Y);
+    const U pX = L::periodicBytes4(P, X);
+    const U hA = L::periodicBytes4(P, byteOf<L>(pX, 0) + Y), hB = L::periodicBytes4(P, byteOf<L>(pX, 1) + Y);
     const F gx = fx - L::f(1.0f), gy = fy - L::f(1.0f);
     const F c00 = grad2<L>(hA, fx, fy);
     const F c10 = grad2<L>(hB, gx, fy);
@@ -169,7 +169,7 @@ HWY_INLINE typename L::F improvedNoise1(typename L::F x) {
     const typename L::U cx = noiseFloor<L>(x);
     const F f = x - L::toFloat(cx);
     // Bytes 0 and 1: the cells cx and cx + 1 (perm[256] repeats perm[0]).
-    const typename L::U p = L::bytes4(noise_detail::kPermPadded, cx & L::u(255));
+    const typename L::U p = L::periodicBytes4(noise_detail::kPermPadded, cx & L::u(255));
     const F c0 = grad1<L>(p, f);
     const F c1 = grad1<L>(L::template shr<8>(p), f - L::f(1.0f));
     return L::f(0.188f) * lerp<L>(fade<L>(f), c0, c1);
@@ -235,7 +235,7 @@ HWY_INLINE typename L::F fractalNoise3(typename L::F x, typename L::F y, typenam
 // The pair at i: byte 0 is perm[i], byte 1 perm[i + 1].
 template <class L>
 HWY_INLINE typename L::U permPair(typename L::U i) {
-    return L::bytes4(noise_detail::kPermPadded, i);
+    return L::periodicBytes4(noise_detail::kPermPadded, i);
 }
 
 // perm[i + offset] from the pair at i, offset 0 or 1 per lane (as a mask).
@@ -451,11 +451,11 @@ HWY_INLINE void voronoiSearch(typename L::F x, typename L::F y, typename L::F z,
     const int zCount = planar ? 1 : 3;
 
     const U one = L::u(1), mask = L::u(255);
-    const U zHashes = L::bytes4(H, (zi - one) & mask);
+    const U zHashes = L::periodicBytes4(H, (zi - one) & mask);
     U cubeHashes[3][3];  // [oz][oy]: bytes 0..2 hold the hashes for ox 0..2
     for (int oz = 0; oz < zCount; ++oz) {
-        const U yHashes = L::bytes4(H, (byteOf<L>(zHashes, oz) + yi - one) & mask);
-        for (int oy = 0; oy < 3; ++oy) cubeHashes[oz][oy] = L::bytes4(H, (byteOf<L>(yHashes, oy) + xi - one) & mask);
+        const U yHashes = L::periodicBytes4(H, (byteOf<L>(zHashes, oz) + yi - one) & mask);
+        for (int oy = 0; oy < 3; ++oy) cubeHashes[oz][oy] = L::periodicBytes4(H, (byteOf<L>(yHashes, oy) + xi - one) & mask);
     }
 
     for (int ox = 0; ox < 3; ++ox) {

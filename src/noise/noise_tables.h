@@ -6,12 +6,12 @@
 
 namespace grainsmith::noise_detail {
 
-// The 512-entry reference permutation `perm` followed by zero padding: a 4-byte read at
-// any index below 512 stays inside. Byte 1 of the read at i is perm[i + 1].
+// The reference permutation's 256-byte cycle, repeated until a 4-byte read at any index
+// below 517 stays inside: byte k of the read at i is perm[(i + k) & 255].
 extern const uint8_t kPermPadded[520];
 
 // The Voronoi cube hash followed by its first bytes again, so that the read at i
-// (0..255) holds hash[i], hash[(i + 1) & 255], hash[(i + 2) & 255] in bytes 0 to 2.
+// (0..256) holds hash[(i + k) & 255] in byte k.
 extern const uint8_t kVoronoiHashWrapped[260];
 
 }  // namespace grainsmith::noise_detail

@@ -15,6 +15,7 @@
 //   bits, fromBits, shl<k>, shr<k> bit views and logical shifts
 //   floor, sqrt, abs               exactly rounded as the C library's floorf/sqrtf/fabsf
 //   bytes4(table, offset)          4 table bytes from offset, little-endian
+//   periodicBytes4(table, offset)  the same from a table that repeats a 256-byte cycle
 //   gather(table, index)           table[index]
 //   inDouble(a, b, fn)             float(fn(double(a), double(b), ops)), ops.c(v) / ops.abs(v)
 //   perLane(v, fn)                 fn called on each lane (library functions such as pow)
@@ -62,6 +63,23 @@ HWY_API auto TruncateToInt32(V v) {
     const hn::RebindToSigned<decltype(df)> di;
     const auto inRange = hn::And(v > hn::Set(df, -2147483904.0f), v < hn::Set(df, 2147483648.0f));
     return hn::IfThenElse(hn::RebindMask(di, inRange), hn::ConvertTo(di, v), hn::Set(di, INT32_MIN));
+}
+#endif
+
+#if HWY_TARGET == HWY_AVX3_DL
+// Bytes cycle[(offset + k) & 255], k = 0..3, in each 32-bit lane: the 256-byte cycle lives
+// in four registers and two byte permutes (128 entries each) replace a gather. The low
+// byte of each lane is spread over the lane's four bytes and 0, 1, 2, 3 added byte-wise
+// (wrapping, which is the cycle); bit 7 of each index byte picks the permute.
+HWY_API hn::Vec512<uint32_t> PeriodicBytes4Vbmi(const uint8_t* cycle, hn::Vec512<uint32_t> offset) {
+    const __m512i t0 = _mm512_loadu_si512(cycle), t1 = _mm512_loadu_si512(cycle + 64);
+    const __m512i t2 = _mm512_loadu_si512(cycle + 128), t3 = _mm512_loadu_si512(cycle + 192);
+    // Byte 0 of each lane, four times (the shuffle works within 16-byte blocks).
+    const __m512i spread = _mm512_set4_epi32(0x0C0C0C0C, 0x08080808, 0x04040404, 0x00000000);
+    const __m512i index = _mm512_add_epi8(_mm512_shuffle_epi8(offset.raw, spread), _mm512_set1_epi32(0x03020100));
+    const __m512i low = _mm512_permutex2var_epi8(t0, index, t1);
+    const __m512i high = _mm512_permutex2var_epi8(t2, index, t3);
+    return hn::Vec512<uint32_t>{_mm512_mask_blend_epi8(_mm512_movepi8_mask(index), low, high)};
 }
 #endif
 
@@ -128,6 +146,12 @@ struct HwyLanes {
 
     static HWY_INLINE U bytes4(const uint8_t* table, U offset) {
         return hn::GatherOffset(DU(), reinterpret_cast<const uint32_t*>(table), hn::BitCast(DI(), offset));
+    }
+    static HWY_INLINE U periodicBytes4(const uint8_t* table, U offset) {
+#if HWY_TARGET == HWY_AVX3_DL
+        if constexpr (hn::MaxLanes(DF()) == 16) return PeriodicBytes4Vbmi(table, offset);
+#endif
+        return bytes4(table, offset);
     }
     static HWY_INLINE F gather(const float* table, U index) {
         return hn::GatherIndex(DF(), table, hn::BitCast(DI(), index));

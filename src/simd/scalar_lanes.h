@@ -84,6 +84,10 @@ struct ScalarLanes {
                    static_cast<uint32_t>(b[2]) << 16 | static_cast<uint32_t>(b[3]) << 24;
         }
     }
+    // The same read from a table that repeats a 256-byte cycle (its first bytes stored again
+    // after it): byte k is table[(offset + k) & 255]. The vector levels with byte permutes
+    // keep the cycle in registers; here it is the plain read.
+    static U periodicBytes4(const uint8_t* table, U offset) { return bytes4(table, offset); }
     static F gather(const float* table, U index) { return table[index]; }
 
     // fn(a, b, ops) evaluated in double on a and b widened, rounded once to float; ops.c(v)
