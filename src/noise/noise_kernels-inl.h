@@ -16,6 +16,7 @@
 #include <cfloat>
 #include <cmath>
 #include <cstdint>
+#include <type_traits>
 
 #include "grainsmith/limits.h"
 #include "grainsmith/noise/cellular.h"
@@ -49,8 +50,7 @@ HWY_INLINE typename L::U byteOf(typename L::U v, int j) {
 // The subtraction wraps (NaN and -1e30 give INT32_MAX), so no value is undefined.
 template <class L>
 HWY_INLINE typename L::U noiseFloor(typename L::F c) {
-    // Adding the all-ones mask of "not c >= 0" subtracts the one.
-    return L::truncate(c) + L::maskBits(L::negate(L::ge(c, L::f(0.0f))));
+    return L::decrementWhere(L::negate(L::ge(c, L::f(0.0f))), L::truncate(c));
 }
 
 // ((t * 6 - 15) * t + 10) * t^3, with t^3 = (t * t) * t.
@@ -89,55 +89,91 @@ HWY_INLINE typename L::F grad2(typename L::U hash, typename L::F x, typename L::
            flipSign<L>(L::template shl<30>(h & L::u(2)), L::f(2.0f) * v);
 }
 
-// 3-D gradient: one of the twelve cube-edge directions (four of them repeated).
-// u = x for h < 8, else y; v = y for h < 4, x for h 12 and 14, else z. Which coordinate
-// (0 x, 1 y, 2 z) is read from a table, so that no branch depends on the random hash.
-inline constexpr uint8_t kGrad3U[16] = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
-inline constexpr uint8_t kGrad3V[16] = {1, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2, 2, 0, 2, 0, 2};
-
+// 3-D gradient: one of the twelve cube-edge directions (four of them repeated), from the
+// low four bits of the hash (the bits above them are not read). u = x for h < 8, else y;
+// v = y for h < 4, x for h 12 and 14, else z; bits 0 and 1 negate u and v. Each choice is a
+// test of the hash's bits and a select, so that no branch depends on the random hash.
 template <class L>
 HWY_INLINE typename L::F grad3(typename L::U hash, typename L::F x, typename L::F y, typename L::F z) {
-    const typename L::U h = hash & L::u(15);
-    const typename L::F u = L::choose(L::lookup16(kGrad3U, h), x, y);
-    const typename L::F v = L::choose(L::lookup16(kGrad3V, h), x, y, z);
-    return flipSign<L>(L::template shl<31>(h & L::u(1)), u) + flipSign<L>(L::template shl<30>(h & L::u(2)), v);
+    const typename L::F u = L::select(L::anyBits(hash, L::u(8)), y, x);
+    const typename L::M vIsX = L::eqU(hash & L::u(13), L::u(12));  // 12 and 14
+    const typename L::F v = L::select(L::noBits(hash, L::u(12)), y, L::select(vIsX, x, z));
+    return flipSign<L>(L::template shl<31>(hash), u) + flipSign<L>(L::template shl<30>(hash) & L::u(0x80000000u), v);
 }
 
 // ---- improved gradient noise ---------------------------------------------------------------
 // Every table read fetches an entry together with the next one (P[i], P[i + 1]): the
 // algorithm always needs both, and one read instead of two halves the lookups.
 
+// The hashes of a cell's eight corners: byte 0 of `aa` hashes the corner (0, 0, 0) and
+// byte 1 the corner (0, 0, 1); ab, ba and bb likewise for the offsets (0, 1), (1, 0) and
+// (1, 1) in x and y. Only the low four bits of a hash are read (grad3).
+template <class L>
+struct CornerHashes {
+    typename L::U aa, ab, ba, bb;
+};
+
+// Word at a time, through `pairs`: A = perm[X] + Y, AA = perm[A] + Z, ..., each read
+// fetching an entry with the next one. Indices stay below 511 (a lattice index is at most
+// 255 and every table value at most 255).
+template <class L, class Pairs>
+HWY_INLINE CornerHashes<L> pairedCornerHashes(Pairs pairs, typename L::U cx, typename L::U cy, typename L::U cz) {
+    using U = typename L::U;
+    const U X = cx & L::u(255), Y = cy & L::u(255), Z = cz & L::u(255);
+    const U pX = pairs(X);
+    const U A = byteOf<L>(pX, 0) + Y, B = byteOf<L>(pX, 1) + Y;
+    const U pA = pairs(A), pB = pairs(B);
+    return {pairs(byteOf<L>(pA, 0) + Z), pairs(byteOf<L>(pA, 1) + Z), pairs(byteOf<L>(pB, 0) + Z),
+            pairs(byteOf<L>(pB, 1) + Z)};
+}
+
+// The same hashes of the reference permutation, a byte at a time: the sums are taken
+// modulo 256, which is where the permutation repeats, and one lookup of four index bytes
+// serves two pairs: (A, A + 1, B, B + 1), then (AA, AA + 1, AB, AB + 1) and
+// (BA, BA + 1, BB, BB + 1). Three lookups instead of seven.
+template <class L>
+HWY_INLINE CornerHashes<L> bytewiseCornerHashes(typename L::U cx, typename L::U cy, typename L::U cz) {
+    using U = typename L::U;
+    const uint8_t* P = noise_detail::kPermPadded;
+    const U pairOffsets = L::u(0x01000100u);
+    const U pX = L::periodicBytes4(P, cx);                                   // perm[X], perm[X + 1]
+    const U ab = L::addBytes(pX, L::template spreadBytes<0, 0, 0, 0>(cy));  // A, B
+    const U pAB = L::cycleBytes(P, L::addBytes(L::template spreadBytes<0, 0, 1, 1>(ab), pairOffsets));
+    const U corners = L::addBytes(pAB, L::template spreadBytes<0, 0, 0, 0>(cz));  // AA, AB, BA, BB
+    const U hA = L::cycleBytes(P, L::addBytes(L::template spreadBytes<0, 0, 1, 1>(corners), pairOffsets));
+    const U hB = L::cycleBytes(P, L::addBytes(L::template spreadBytes<2, 2, 3, 3>(corners), pairOffsets));
+    return {hA, L::template shr<16>(hA), hB, L::template shr<16>(hB)};
+}
+
 // Reads the reference permutation: byte 0 of the result is perm[i], byte 1 perm[i + 1].
 template <class L>
 struct PermutationPairs {
-    HWY_INLINE typename L::U operator()(typename L::U i) const { return L::periodicBytes4(noise_detail::kPermPadded, i); }
+    HWY_INLINE typename L::U operator()(typename L::U i) const {
+        return L::periodicBytes4(noise_detail::kPermPadded, i);
+    }
 };
 
-// One octave of 3-D noise, unscaled, hashing through `pairs` (indices below 511 by
-// construction: a lattice index is at most 255 and every table value at most 255).
+// One octave of 3-D noise, unscaled, hashing through `pairs`.
 template <class L, class Pairs>
 HWY_INLINE typename L::F gradientNoise3(Pairs pairs, typename L::F x, typename L::F y, typename L::F z) {
     using F = typename L::F;
     using U = typename L::U;
     const U cx = noiseFloor<L>(x), cy = noiseFloor<L>(y), cz = noiseFloor<L>(z);
-    const U X = cx & L::u(255), Y = cy & L::u(255), Z = cz & L::u(255);
     const F fx = x - L::toFloat(cx), fy = y - L::toFloat(cy), fz = z - L::toFloat(cz);
     const F u = fade<L>(fx), v = fade<L>(fy), w = fade<L>(fz);
 
-    const U pX = pairs(X);
-    const U A = byteOf<L>(pX, 0) + Y, B = byteOf<L>(pX, 1) + Y;
-    const U pA = pairs(A), pB = pairs(B);
-    const U AA = byteOf<L>(pA, 0) + Z, AB = byteOf<L>(pA, 1) + Z;
-    const U BA = byteOf<L>(pB, 0) + Z, BB = byteOf<L>(pB, 1) + Z;
-    // Low byte: the hash of the corner at z; byte 1: the corner at z + 1 (grad3 masks).
-    const U hAA = pairs(AA), hAB = pairs(AB), hBA = pairs(BA), hBB = pairs(BB);
-    const U hAA1 = L::template shr<8>(hAA), hAB1 = L::template shr<8>(hAB);
-    const U hBA1 = L::template shr<8>(hBA), hBB1 = L::template shr<8>(hBB);
+    CornerHashes<L> h;
+    if constexpr (L::kByteCycles && std::is_same_v<Pairs, PermutationPairs<L>>)
+        h = bytewiseCornerHashes<L>(cx, cy, cz);
+    else
+        h = pairedCornerHashes<L>(pairs, cx, cy, cz);
+    const U hAA1 = L::template shr<8>(h.aa), hAB1 = L::template shr<8>(h.ab);
+    const U hBA1 = L::template shr<8>(h.ba), hBB1 = L::template shr<8>(h.bb);
 
     const F gx = fx - L::f(1.0f), gy = fy - L::f(1.0f), gz = fz - L::f(1.0f);
     return lerp<L>(w,
-                   lerp<L>(v, lerp<L>(u, grad3<L>(hAA, fx, fy, fz), grad3<L>(hBA, gx, fy, fz)),
-                           lerp<L>(u, grad3<L>(hAB, fx, gy, fz), grad3<L>(hBB, gx, gy, fz))),
+                   lerp<L>(v, lerp<L>(u, grad3<L>(h.aa, fx, fy, fz), grad3<L>(h.ba, gx, fy, fz)),
+                           lerp<L>(u, grad3<L>(h.ab, fx, gy, fz), grad3<L>(h.bb, gx, gy, fz))),
                    lerp<L>(v, lerp<L>(u, grad3<L>(hAA1, fx, fy, gz), grad3<L>(hBA1, gx, fy, gz)),
                            lerp<L>(u, grad3<L>(hAB1, fx, gy, gz), grad3<L>(hBB1, gx, gy, gz))));
 }

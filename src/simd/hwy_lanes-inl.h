@@ -7,15 +7,18 @@
 //   f(c), u(c)                     broadcast constants
 //   lt le gt ge eq (F), eqU (U)    comparisons (false on NaN); both, either, negate on masks
 //   maskBits(M) -> U               all ones where true, 0 where false
+//   anyBits, noBits(U, U bits) -> M  whether any / none of the bits are set
+//   decrementWhere(M, U)           minus one where the mask holds
 //   select(M, F, F), selectU       per-lane choice
 //   choose(U i, F a, F b[, F c])   the operand numbered i (0, 1 or 2)
-//   lookup16(table, U i)           table[i] for a 16-entry byte table, i below 16
 //   truncate(F) -> U               toInt32: truncation, INT32_MIN for NaN / out of range
 //   toFloat(U), unsignedToFloat(U) signed / unsigned int32 to the nearest float
 //   bits, fromBits, shl<k>, shr<k> bit views and logical shifts
 //   floor, sqrt, abs               exactly rounded as the C library's floorf/sqrtf/fabsf
 //   bytes4(table, offset)          4 table bytes from offset, little-endian
 //   periodicBytes4(table, offset)  the same from a table that repeats a 256-byte cycle
+//   kByteCycles                    whether the byte operations below exist (cycleBytes,
+//                                  spreadBytes, addBytes: AVX-512 VBMI only)
 //   gather(table, index)           table[index]
 //   inDouble(a, b, fn)             float(fn(double(a), double(b), ops)), ops.c(v) / ops.abs(v)
 //   perLane(v, fn)                 fn called on each lane (library functions such as pow)
@@ -67,21 +70,26 @@ HWY_API auto TruncateToInt32(V v) {
 #endif
 
 #if HWY_TARGET == HWY_AVX3_DL
-// Bytes cycle[(offset + k) & 255], k = 0..3, in each 32-bit lane: the 256-byte cycle lives
-// in four registers and two byte permutes (128 entries each) replace a gather. The low
-// byte of each lane is spread over the lane's four bytes and 0, 1, 2, 3 added byte-wise
-// (wrapping, which is the cycle); bit 7 of each index byte picks the permute.
-HWY_API hn::Vec512<uint32_t> PeriodicBytes4Vbmi(const uint8_t* cycle, hn::Vec512<uint32_t> offset) {
+// Byte-wise work on 32-bit lanes with AVX-512 VBMI: a 256-byte cycle lives in four
+// registers and two byte permutes (128 entries each) look up all 64 bytes of a vector at
+// once; bit 7 of each index byte picks the permute.
+HWY_API __m512i CycleBytesVbmi(const uint8_t* cycle, __m512i index) {
     const __m512i t0 = _mm512_loadu_si512(cycle), t1 = _mm512_loadu_si512(cycle + 64);
     const __m512i t2 = _mm512_loadu_si512(cycle + 128), t3 = _mm512_loadu_si512(cycle + 192);
-    // Byte 0 of each lane, four times (the shuffle works within 16-byte blocks).
-    const __m512i spread = _mm512_set4_epi32(0x0C0C0C0C, 0x08080808, 0x04040404, 0x00000000);
-    const __m512i index = _mm512_add_epi8(_mm512_shuffle_epi8(offset.raw, spread), _mm512_set1_epi32(0x03020100));
     const __m512i low = _mm512_permutex2var_epi8(t0, index, t1);
     const __m512i high = _mm512_permutex2var_epi8(t2, index, t3);
-    return hn::Vec512<uint32_t>{_mm512_mask_blend_epi8(_mm512_movepi8_mask(index), low, high)};
+    return _mm512_mask_blend_epi8(_mm512_movepi8_mask(index), low, high);
+}
+
+// Byte k of each lane becomes the lane's byte Bk (the shuffle works within 16-byte blocks).
+template <int B0, int B1, int B2, int B3>
+HWY_API __m512i SpreadBytesVbmi(__m512i v) {
+    constexpr int32_t kLane = B0 | B1 << 8 | B2 << 16 | B3 << 24;
+    const __m512i control = _mm512_set4_epi32(kLane + 0x0C0C0C0C, kLane + 0x08080808, kLane + 0x04040404, kLane);
+    return _mm512_shuffle_epi8(v, control);
 }
 #endif
+
 
 // The SCALAR level runs the one-point code (ScalarLanes) instead.
 #if HWY_TARGET != HWY_SCALAR
@@ -107,6 +115,16 @@ struct HwyLanes {
     static HWY_INLINE M either(M a, M b) { return hn::Or(a, b); }
     static HWY_INLINE M negate(M a) { return hn::Not(a); }
     static HWY_INLINE U maskBits(M m) { return hn::BitCast(DU(), hn::VecFromMask(DF(), m)); }
+    // (Highway's TestBit means "all of the bits" on some targets and "any" on others.)
+    static HWY_INLINE M anyBits(U v, U bits) { return negate(noBits(v, bits)); }
+    static HWY_INLINE M noBits(U v, U bits) { return eqU(hn::And(v, bits), u(0)); }
+    static HWY_INLINE U decrementWhere(M m, U v) {
+#if HWY_TARGET <= HWY_AVX3
+        return hn::IfThenElse(hn::RebindMask(DU(), m), v - u(1), v);  // one masked subtraction
+#else
+        return v + maskBits(m);  // the mask is a vector of all-ones lanes already
+#endif
+    }
 
     static HWY_INLINE F select(M m, F a, F b) { return hn::IfThenElse(m, a, b); }
     static HWY_INLINE U selectU(M m, U a, U b) { return hn::IfThenElse(hn::RebindMask(DU(), m), a, b); }
@@ -114,12 +132,6 @@ struct HwyLanes {
     static HWY_INLINE F choose(U index, F a, F b) { return select(eqU(index, u(0)), a, b); }
     static HWY_INLINE F choose(U index, F a, F b, F c) {
         return select(eqU(index, u(0)), a, select(eqU(index, u(1)), b, c));
-    }
-    static HWY_INLINE U lookup16(const uint8_t* table, U index) {
-        // One byte shuffle: the index in each lane's low byte, the other bytes read as 0.
-        const hn::Repartition<uint8_t, DF> d8;
-        const auto bytes = hn::BitCast(d8, hn::Or(index, u(0x80808000u)));
-        return hn::BitCast(DU(), hn::TableLookupBytesOr0(hn::LoadDup128(d8, table), bytes));
     }
 
     static HWY_INLINE U truncate(F v) { return hn::BitCast(DU(), TruncateToInt32(v)); }
@@ -147,12 +159,24 @@ struct HwyLanes {
     static HWY_INLINE U bytes4(const uint8_t* table, U offset) {
         return hn::GatherOffset(DU(), reinterpret_cast<const uint32_t*>(table), hn::BitCast(DI(), offset));
     }
-    static HWY_INLINE U periodicBytes4(const uint8_t* table, U offset) {
+    // Byte-wise operations, where the level has byte permutes (kByteCycles):
+    //   cycleBytes(cycle, U i)           every byte b of i replaced by cycle[b]
+    //   spreadBytes<B0, B1, B2, B3>(U)   byte k of each lane becomes the lane's byte Bk
+    //   addBytes(U, U)                   byte-wise wrapping addition
 #if HWY_TARGET == HWY_AVX3_DL
-        if constexpr (hn::MaxLanes(DF()) == 16) return PeriodicBytes4Vbmi(table, offset);
-#endif
-        return bytes4(table, offset);
+    static_assert(hn::MaxLanes(DF()) == 16, "the byte operations work on whole 512-bit vectors");
+    static constexpr bool kByteCycles = true;
+    static HWY_INLINE U cycleBytes(const uint8_t* cycle, U index) { return U{CycleBytesVbmi(cycle, index.raw)}; }
+    template <int B0, int B1, int B2, int B3>
+    static HWY_INLINE U spreadBytes(U v) { return U{SpreadBytesVbmi<B0, B1, B2, B3>(v.raw)}; }
+    static HWY_INLINE U addBytes(U a, U b) { return U{_mm512_add_epi8(a.raw, b.raw)}; }
+    static HWY_INLINE U periodicBytes4(const uint8_t* table, U offset) {
+        return cycleBytes(table, addBytes(spreadBytes<0, 0, 0, 0>(offset), u(0x03020100u)));
     }
+#else
+    static constexpr bool kByteCycles = false;
+    static HWY_INLINE U periodicBytes4(const uint8_t* table, U offset) { return bytes4(table, offset); }
+#endif
     static HWY_INLINE F gather(const float* table, U index) {
         return hn::GatherIndex(DF(), table, hn::BitCast(DI(), index));
     }

@@ -37,6 +37,11 @@ struct ScalarLanes {
     static M negate(M a) { return ~a; }
     // The mask as a uint32 lane: all ones where true, 0 where false.
     static U maskBits(M m) { return m; }
+    // Bit tests of an integer lane against a constant set of bits.
+    static M anyBits(U v, U bits) { return (v & bits) != 0 ? ~0u : 0u; }
+    static M noBits(U v, U bits) { return (v & bits) == 0 ? ~0u : 0u; }
+    // v - 1 where m holds, v elsewhere (wrapping).
+    static U decrementWhere(M m, U v) { return v + m; }
 
     static F select(M m, F a, F b) {
         return std::bit_cast<float>((m & std::bit_cast<uint32_t>(a)) | (~m & std::bit_cast<uint32_t>(b)));
@@ -51,8 +56,6 @@ struct ScalarLanes {
         const float operands[3] = {a, b, c};
         return operands[index];
     }
-    // table[index] for a 16-entry byte table and an index below 16.
-    static U lookup16(const uint8_t* table, U index) { return table[index]; }
 
     // The project's float-to-int conversion (truncation; INT32_MIN for NaN and out of range).
     static U truncate(F v) { return static_cast<uint32_t>(toInt32(v)); }
@@ -88,6 +91,8 @@ struct ScalarLanes {
     // after it): byte k is table[(offset + k) & 255]. The vector levels with byte permutes
     // keep the cycle in registers; here it is the plain read.
     static U periodicBytes4(const uint8_t* table, U offset) { return bytes4(table, offset); }
+    // No byte permutes here: kernels take their word-at-a-time route.
+    static constexpr bool kByteCycles = false;
     static F gather(const float* table, U index) { return table[index]; }
 
     // fn(a, b, ops) evaluated in double on a and b widened, rounded once to float; ops.c(v)

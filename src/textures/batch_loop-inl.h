@@ -29,7 +29,8 @@ namespace grainsmith::batch::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
 // out[i] = kernel(lanes, x, y, z) over the packed points, a vector at a time; the last,
-// partial vector goes through a zero-padded copy.
+// partial vector goes through a zero-padded copy. The kernel has one call site, so the
+// compiler inlines it into the loop and keeps its constants and tables in registers.
 template <class Kernel>
 HWY_INLINE void runBatch(const float* HWY_RESTRICT points, int n, float* HWY_RESTRICT out, Kernel kernel) {
 #if HWY_TARGET == HWY_SCALAR
@@ -42,20 +43,22 @@ HWY_INLINE void runBatch(const float* HWY_RESTRICT points, int n, float* HWY_RES
     using L = simd::HWY_NAMESPACE::HwyLanes<D>;
     const D d;
     const int lanes = static_cast<int>(hn::Lanes(d));
-    hn::Vec<D> x, y, z;
-    int i = 0;
-    for (; i + lanes <= n; i += lanes) {
-        hn::LoadInterleaved3(d, points + 3 * i, x, y, z);
-        hn::StoreU(kernel(L{}, x, y, z), d, out + i);
-    }
-    if (i < n) {
-        alignas(64) float in[3 * hn::MaxLanes(d)] = {};
-        alignas(64) float values[hn::MaxLanes(d)];
-        const size_t rest = static_cast<size_t>(n - i);
-        std::memcpy(in, points + 3 * i, 3 * rest * sizeof(float));
-        hn::LoadInterleaved3(d, in, x, y, z);
-        hn::Store(kernel(L{}, x, y, z), d, values);
-        std::memcpy(out + i, values, rest * sizeof(float));
+    alignas(64) float in[3 * hn::MaxLanes(d)] = {};
+    alignas(64) float values[hn::MaxLanes(d)];
+    for (int i = 0; i < n; i += lanes) {
+        const bool whole = i + lanes <= n;
+        const size_t count = whole ? static_cast<size_t>(lanes) : static_cast<size_t>(n - i);
+        const float* source = points + 3 * i;
+        if (HWY_UNLIKELY(!whole)) source = static_cast<const float*>(std::memcpy(in, source, 3 * count * sizeof(float)));
+        hn::Vec<D> x, y, z;
+        hn::LoadInterleaved3(d, source, x, y, z);
+        const hn::Vec<D> v = kernel(L{}, x, y, z);
+        if (HWY_LIKELY(whole)) {
+            hn::StoreU(v, d, out + i);
+        } else {
+            hn::Store(v, d, values);
+            std::memcpy(out + i, values, count * sizeof(float));
+        }
     }
 #endif
 }
