@@ -91,13 +91,24 @@ HWY_INLINE typename L::F grad2(typename L::U hash, typename L::F x, typename L::
 
 // 3-D gradient: one of the twelve cube-edge directions (four of them repeated), from the
 // low four bits of the hash (the bits above them are not read). u = x for h < 8, else y;
-// v = y for h < 4, x for h 12 and 14, else z; bits 0 and 1 negate u and v. Each choice is a
-// test of the hash's bits and a select, so that no branch depends on the random hash.
+// v = y for h < 4, x for h 12 and 14, else z; bits 0 and 1 negate u and v. No branch
+// depends on the random hash: vectors choose by bit tests and selects, one lane reads
+// which operand from a table (fewer instructions there); both make the same choice.
+inline constexpr uint8_t kGrad3U[16] = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
+inline constexpr uint8_t kGrad3V[16] = {1, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2, 2, 0, 2, 0, 2};
+
 template <class L>
 HWY_INLINE typename L::F grad3(typename L::U hash, typename L::F x, typename L::F y, typename L::F z) {
-    const typename L::F u = L::select(L::anyBits(hash, L::u(8)), y, x);
-    const typename L::M vIsX = L::eqU(hash & L::u(13), L::u(12));  // 12 and 14
-    const typename L::F v = L::select(L::noBits(hash, L::u(12)), y, L::select(vIsX, x, z));
+    typename L::F u, v;
+    if constexpr (L::kOneLane) {
+        const typename L::F operands[3] = {x, y, z};
+        u = operands[kGrad3U[hash & 15]];
+        v = operands[kGrad3V[hash & 15]];
+    } else {
+        u = L::select(L::anyBits(hash, L::u(8)), y, x);
+        const typename L::M vIsX = L::eqU(hash & L::u(13), L::u(12));  // 12 and 14
+        v = L::select(L::noBits(hash, L::u(12)), y, L::select(vIsX, x, z));
+    }
     return flipSign<L>(L::template shl<31>(hash), u) + flipSign<L>(L::template shl<30>(hash) & L::u(0x80000000u), v);
 }
 

@@ -4,6 +4,7 @@
 // the same order, no fused multiply-add, and the project's float-to-int conversion.
 //
 // Operations every lanes type offers (F float lanes, U uint32 lanes, M masks):
+//   kOneLane                       true for the one-point instance only
 //   f(c), u(c)                     broadcast constants
 //   lt le gt ge eq (F), eqU (U)    comparisons (false on NaN); both, either, negate on masks
 //   maskBits(M) -> U               all ones where true, 0 where false
@@ -101,6 +102,7 @@ struct HwyLanes {
     using F = hn::Vec<DF>;
     using U = hn::Vec<DU>;
     using M = hn::Mask<DF>;
+    static constexpr bool kOneLane = false;
 
     static HWY_INLINE F f(float c) { return hn::Set(DF(), c); }
     static HWY_INLINE U u(uint32_t c) { return hn::Set(DU(), c); }

@@ -21,6 +21,9 @@ struct ScalarLanes {
     using F = float;
     using U = uint32_t;  // wrapping integer lane; read signed only where said
     using M = uint32_t;  // ~0u for true, 0 for false
+    // One point at a time: a kernel may index small tables of its operands here, where a
+    // vector selects.
+    static constexpr bool kOneLane = true;
 
     static F f(float c) { return c; }
     static U u(uint32_t c) { return c; }
