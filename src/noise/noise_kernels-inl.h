@@ -50,7 +50,7 @@ HWY_INLINE typename L::U byteOf(typename L::U v, int j) {
 // The subtraction wraps (NaN and -1e30 give INT32_MAX), so no value is undefined.
 template <class L>
 HWY_INLINE typename L::U noiseFloor(typename L::F c) {
-    return L::decrementWhere(L::negate(L::ge(c, L::f(0.0f))), L::truncate(c));
+    return L::decrementWhere(L::notGe(c, L::f(0.0f)), L::truncate(c));
 }
 
 // ((t * 6 - 15) * t + 10) * t^3, with t^3 = (t * t) * t.

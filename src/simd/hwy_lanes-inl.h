@@ -7,6 +7,7 @@
 //   kOneLane                       true for the one-point instance only
 //   f(c), u(c)                     broadcast constants
 //   lt le gt ge eq (F), eqU (U)    comparisons (false on NaN); both, either, negate on masks
+//   notGe(F, F)                    negate(ge(a, b)): true on NaN
 //   maskBits(M) -> U               all ones where true, 0 where false
 //   anyBits, noBits(U, U bits) -> M  whether any / none of the bits are set
 //   decrementWhere(M, U)           minus one where the mask holds
@@ -111,6 +112,12 @@ struct HwyLanes {
     static HWY_INLINE M le(F a, F b) { return a <= b; }
     static HWY_INLINE M gt(F a, F b) { return a > b; }
     static HWY_INLINE M ge(F a, F b) { return a >= b; }
+    static HWY_INLINE M notGe(F a, F b) {
+#if HWY_TARGET <= HWY_AVX3
+        if constexpr (hn::MaxLanes(DF()) == 16) return M{_mm512_cmp_ps_mask(a.raw, b.raw, _CMP_NGE_UQ)};
+#endif
+        return negate(ge(a, b));
+    }
     static HWY_INLINE M eq(F a, F b) { return a == b; }
     static HWY_INLINE M eqU(U a, U b) { return hn::RebindMask(DF(), a == b); }
     static HWY_INLINE M both(M a, M b) { return hn::And(a, b); }
@@ -118,7 +125,12 @@ struct HwyLanes {
     static HWY_INLINE M negate(M a) { return hn::Not(a); }
     static HWY_INLINE U maskBits(M m) { return hn::BitCast(DU(), hn::VecFromMask(DF(), m)); }
     // (Highway's TestBit means "all of the bits" on some targets and "any" on others.)
-    static HWY_INLINE M anyBits(U v, U bits) { return negate(noBits(v, bits)); }
+    static HWY_INLINE M anyBits(U v, U bits) {
+#if HWY_TARGET <= HWY_AVX3
+        if constexpr (hn::MaxLanes(DF()) == 16) return M{_mm512_test_epi32_mask(v.raw, bits.raw)};
+#endif
+        return negate(noBits(v, bits));
+    }
     static HWY_INLINE M noBits(U v, U bits) { return eqU(hn::And(v, bits), u(0)); }
     static HWY_INLINE U decrementWhere(M m, U v) {
 #if HWY_TARGET <= HWY_AVX3

@@ -33,6 +33,7 @@ struct ScalarLanes {
     static M le(F a, F b) { return a <= b ? ~0u : 0u; }
     static M gt(F a, F b) { return a > b ? ~0u : 0u; }
     static M ge(F a, F b) { return a >= b ? ~0u : 0u; }
+    static M notGe(F a, F b) { return a >= b ? 0u : ~0u; }  // true on NaN
     static M eq(F a, F b) { return a == b ? ~0u : 0u; }
     static M eqU(U a, U b) { return a == b ? ~0u : 0u; }
     static M both(M a, M b) { return a & b; }
