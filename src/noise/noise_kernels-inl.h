@@ -387,20 +387,46 @@ HWY_INLINE typename L::F simplexNoise3(typename L::F x, typename L::F y, typenam
     const F z2 = z0 - L::select(k2, one, zero) + L::f(G3x2);
     const F x3 = x0 - L::f(0.5f), y3 = y0 - L::f(0.5f), z3 = z0 - L::f(0.5f);
 
-    // Corner (di, dj, dk) hashes perm[ii + di + perm[jj + dj + perm[kk + dk]]]: one pair at
-    // kk, one at jj + perm[kk + dk] for each dk, one per corner at the ii level.
-    const U ii = i & L::u(255), jj = j & L::u(255), kk = k & L::u(255);
-    const M yes = L::eqU(ii, ii), no = L::negate(yes);
-    const U pk = permPair<L>(kk);
-    const U pj0 = permPair<L>(jj + pairEntry<L>(pk, no)), pj1 = permPair<L>(jj + pairEntry<L>(pk, yes));
-    const auto hash = [&](M di, M dj, M dk) {
-        const U pj = L::selectU(dk, pj1, pj0);
-        return pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj, dj)), di);
-    };
-    const F n0 = simplexCorner3<L>(x0, y0, z0, pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj0, no)), no));
-    const F n1 = simplexCorner3<L>(x1, y1, z1, hash(i1, j1, k1));
-    const F n2 = simplexCorner3<L>(x2, y2, z2, hash(i2, j2, k2));
-    const F n3 = simplexCorner3<L>(x3, y3, z3, pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj1, yes)), yes));
+    // Corner (di, dj, dk) hashes perm[ii + di + perm[jj + dj + perm[kk + dk]]] (only its low
+    // four bits are read).
+    U h0, h1, h2, h3;
+    if constexpr (L::kByteCycles) {
+        // A byte at a time, the sums modulo 256 (where the permutation repeats): one lookup
+        // at kk, one for the four entries perm[jj + dj + perm[kk + dk]] (byte 2 dk + dj), and
+        // one for the four corners, whose index bytes pick their entry and add ii + di.
+        const uint8_t* P = noise_detail::kPermPadded;
+        const U pk = L::periodicBytes4(P, k);
+        const U js = L::addBytes(pk, L::template spreadBytes<0, 0, 0, 0>(j));
+        const U pj = L::cycleBytes(P, L::addBytes(L::template spreadBytes<0, 0, 1, 1>(js), L::u(0x01000100u)));
+        const auto plusWhere = [](M m, U v, uint32_t bits) { return L::selectU(m, v + L::u(bits), v); };
+        const U pick = plusWhere(k2, plusWhere(j2, plusWhere(k1, plusWhere(j1, L::u(0x03000000u), 0x100), 0x200),
+                                               0x10000), 0x20000);
+        const U di = plusWhere(i2, plusWhere(i1, L::u(0x01000000u), 0x100), 0x10000);
+        const U corners = L::addBytes(L::addBytes(L::pickBytes(pj, pick), L::template spreadBytes<0, 0, 0, 0>(i)), di);
+        h0 = L::cycleBytes(P, corners);
+        h1 = L::template shr<8>(h0);
+        h2 = L::template shr<16>(h0);
+        h3 = L::template shr<24>(h0);
+    } else {
+        // Word at a time: one pair at kk, one at jj + perm[kk + dk] for each dk, one per
+        // corner at the ii level.
+        const U ii = i & L::u(255), jj = j & L::u(255), kk = k & L::u(255);
+        const M yes = L::eqU(ii, ii), no = L::negate(yes);
+        const U pk = permPair<L>(kk);
+        const U pj0 = permPair<L>(jj + pairEntry<L>(pk, no)), pj1 = permPair<L>(jj + pairEntry<L>(pk, yes));
+        const auto hash = [&](M di, M dj, M dk) {
+            const U pj = L::selectU(dk, pj1, pj0);
+            return pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj, dj)), di);
+        };
+        h0 = pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj0, no)), no);
+        h1 = hash(i1, j1, k1);
+        h2 = hash(i2, j2, k2);
+        h3 = pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj1, yes)), yes);
+    }
+    const F n0 = simplexCorner3<L>(x0, y0, z0, h0);
+    const F n1 = simplexCorner3<L>(x1, y1, z1, h1);
+    const F n2 = simplexCorner3<L>(x2, y2, z2, h2);
+    const F n3 = simplexCorner3<L>(x3, y3, z3, h3);
     return (n1 + n0 + n2 + n3) * L::f(32.0f);
 }
 

@@ -177,6 +177,7 @@ struct HwyLanes {
     //   cycleBytes(cycle, U i)           every byte b of i replaced by cycle[b]
     //   spreadBytes<B0, B1, B2, B3>(U)   byte k of each lane becomes the lane's byte Bk
     //   addBytes(U, U)                   byte-wise wrapping addition
+    //   pickBytes(U v, U which)          byte k of each lane becomes v's byte which[k] (0..3)
 #if HWY_TARGET == HWY_AVX3_DL
     static_assert(hn::MaxLanes(DF()) == 16, "the byte operations work on whole 512-bit vectors");
     static constexpr bool kByteCycles = true;
@@ -184,6 +185,10 @@ struct HwyLanes {
     template <int B0, int B1, int B2, int B3>
     static HWY_INLINE U spreadBytes(U v) { return U{SpreadBytesVbmi<B0, B1, B2, B3>(v.raw)}; }
     static HWY_INLINE U addBytes(U a, U b) { return U{_mm512_add_epi8(a.raw, b.raw)}; }
+    static HWY_INLINE U pickBytes(U v, U which) {
+        const __m512i laneBase = _mm512_set4_epi32(0x0C0C0C0C, 0x08080808, 0x04040404, 0x00000000);
+        return U{_mm512_shuffle_epi8(v.raw, _mm512_add_epi8(which.raw, laneBase))};
+    }
     static HWY_INLINE U periodicBytes4(const uint8_t* table, U offset) {
         return cycleBytes(table, addBytes(spreadBytes<0, 0, 0, 0>(offset), u(0x03020100u)));
     }
