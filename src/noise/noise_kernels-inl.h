@@ -539,9 +539,9 @@ HWY_INLINE void voronoiSearch(typename L::F x, typename L::F y, typename L::F z,
                 const F fz = L::toFloat(zi + L::u(static_cast<uint32_t>(oz)) - one);
                 const U k = byteOf<L>(cubeHashes[oz][oy], ox);
                 const U row = L::template shl<1>(k) + k;  // 3 floats per feature point
-                const F px = fx + L::gather(points, row);
-                const F py = fy + L::gather(points, row + one);
-                const F pz = fz + L::gather(points, row + L::u(2));
+                F ox3, oy3, oz3;  // the feature point's offset inside its cube
+                L::gather3(points, row, ox3, oy3, oz3);
+                const F px = fx + ox3, py = fy + oy3, pz = fz + oz3;
                 const F d = voronoiDistance<L, kMethod, kRootLater>(x - px, y - py, z - pz, method);
                 insertNearest<L, K, kPositions>(n, d, px, py, pz);
             }

@@ -22,6 +22,7 @@
 //   kByteCycles                    whether the byte operations below exist (cycleBytes,
 //                                  spreadBytes, addBytes: AVX-512 VBMI only)
 //   gather(table, index)           table[index]
+//   gather3(table, index, a, b, c)  table[index], table[index + 1], table[index + 2]
 //   inDouble(a, b, fn)             float(fn(double(a), double(b), ops)), ops.c(v) / ops.abs(v)
 //   perLane(v, fn)                 fn called on each lane (library functions such as pow)
 //   perLane(a, b, fn)              fn(a, b) called on each pair of lanes (atan2, ...)
@@ -198,6 +199,38 @@ struct HwyLanes {
 #endif
     static HWY_INLINE F gather(const float* table, U index) {
         return hn::GatherIndex(DF(), table, hn::BitCast(DI(), index));
+    }
+    static HWY_INLINE void gather3(const float* table, U index, F& a, F& b, F& c) {
+#if HWY_TARGET <= HWY_AVX3
+        if constexpr (hn::MaxLanes(DF()) == 16) {
+            // a and b as one 8-byte element per lane (two gathers of 8), then split into the
+            // even and odd floats: a gather costs by the element, so 32 elements instead of 48.
+            const __m512d low = _mm512_i32gather_pd(_mm512_castsi512_si256(index.raw), table, 4);
+            const __m512d high = _mm512_i32gather_pd(_mm512_extracti64x4_epi64(index.raw, 1), table, 4);
+            const __m512i even = _mm512_set_epi32(30, 28, 26, 24, 22, 20, 18, 16, 14, 12, 10, 8, 6, 4, 2, 0);
+            const __m512i odd = _mm512_set_epi32(31, 29, 27, 25, 23, 21, 19, 17, 15, 13, 11, 9, 7, 5, 3, 1);
+            a = F{_mm512_permutex2var_ps(_mm512_castpd_ps(low), even, _mm512_castpd_ps(high))};
+            b = F{_mm512_permutex2var_ps(_mm512_castpd_ps(low), odd, _mm512_castpd_ps(high))};
+            c = gather(table, index + u(2));
+            return;
+        }
+#elif HWY_TARGET == HWY_AVX2
+        if constexpr (hn::MaxLanes(DF()) == 8) {
+            // The same with four 8-byte elements per gather: (a0 b0 a1 b1 | a2 b2 a3 b3) and
+            // (a4 b4 a5 b5 | a6 b6 a7 b7); the even floats of each 128-bit half, then the
+            // 64-bit quarters put in order.
+            const __m256d low = _mm256_i32gather_pd(reinterpret_cast<const double*>(table), _mm256_castsi256_si128(index.raw), 4);
+            const __m256d high = _mm256_i32gather_pd(reinterpret_cast<const double*>(table), _mm256_extracti128_si256(index.raw, 1), 4);
+            const __m256 lo = _mm256_castpd_ps(low), hi = _mm256_castpd_ps(high);
+            a = F{_mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(_mm256_shuffle_ps(lo, hi, 0x88)), 0xD8))};
+            b = F{_mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(_mm256_shuffle_ps(lo, hi, 0xDD)), 0xD8))};
+            c = gather(table, index + u(2));
+            return;
+        }
+#endif
+        a = gather(table, index);
+        b = gather(table, index + u(1));
+        c = gather(table, index + u(2));
     }
 
     struct DoubleOps {

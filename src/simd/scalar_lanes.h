@@ -98,6 +98,11 @@ struct ScalarLanes {
     // No byte permutes here: kernels take their word-at-a-time route.
     static constexpr bool kByteCycles = false;
     static F gather(const float* table, U index) { return table[index]; }
+    static void gather3(const float* table, U index, F& a, F& b, F& c) {
+        a = table[index];
+        b = table[index + 1];
+        c = table[index + 2];
+    }
 
     // fn(a, b, ops) evaluated in double on a and b widened, rounded once to float; ops.c(v)
     // is a double constant, ops.abs(v) the magnitude.
