@@ -17,6 +17,9 @@
 #include "core/catalogue.h"
 #include "grainsmith/textures/corrugated.h"
 #include "grainsmith/textures/gradient.h"
+#include "grainsmith/textures/perlin_noise.h"
+#include "grainsmith/textures/simplex.h"
+#include "grainsmith/textures/voronoi.h"
 #include "grainsmith/simd.h"
 #include "simd/levels.h"
 
@@ -155,6 +158,47 @@ TEST_F(BatchIdentity, BatchEqualsOnePointOnEverySimdLevel) {
         }
     }
     for (const Case& c : cases) c.kind->ops->destroy(c.texture);
+}
+
+// Every hash table entry on every level: the levels with byte permutes hash a byte at a
+// time (sums modulo 256), the others a word at a time (sums up to 510); the cells here sweep
+// each axis over 0..255 and over negative cells, in a grid that also varies the other axes.
+TEST_F(BatchIdentity, NoiseHashesAgreeOnEveryCellIndex) {
+    std::vector<float> points;
+    for (int a = -260; a < 260; ++a)
+        for (int b = 0; b < 3; ++b) {
+            const float cell = static_cast<float>(a) + 0.37f, other = static_cast<float>(a * 7 + b * 91) + 0.61f;
+            const float third = static_cast<float>(b * 113 - a * 3) + 0.13f;
+            points.insert(points.end(), {cell, other, third, other, cell, third, third, other, cell});
+        }
+    const int n = static_cast<int>(points.size() / 3);
+
+    PerlinTexture3D perlin;
+    perlin.setOctaves(1);
+    perlin.setFrequency(1.0f);
+    SimplexTexture3D simplex;
+    simplex.setScale(1.0f);
+    VoronoiTexture3D voronoi;
+    voronoi.setScale(1.0f);
+    const Texture3D* textures[] = {&perlin, &simplex, &voronoi};
+    for (const Texture3D* t : textures) {
+        std::vector<float> expected(n);
+        for (int i = 0; i < n; ++i) expected[i] = (*t)(points.data() + 3 * i);
+        for (int64_t level : simd::availableLevels()) {
+            simd::forceLevel(level);
+            std::vector<float> out(n);
+            (*t)(points.data(), n, out.data());
+            int mismatches = 0;
+            for (int i = 0; i < n && mismatches < 3; ++i)
+                if (std::bit_cast<uint32_t>(out[i]) != std::bit_cast<uint32_t>(expected[i])) {
+                    ++mismatches;
+                    ADD_FAILURE() << simd::levelName(level) << ", point (" << points[3 * i] << ", "
+                                  << points[3 * i + 1] << ", " << points[3 * i + 2] << "): batch " << out[i]
+                                  << ", one point " << expected[i];
+                }
+        }
+        simd::forceLevel(0);
+    }
 }
 
 TEST_F(BatchIdentity, DispatcherNamesTheLevelItChose) {
