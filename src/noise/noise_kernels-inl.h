@@ -196,10 +196,20 @@ HWY_INLINE typename L::F gradientNoise2(typename L::F x, typename L::F y) {
     using U = typename L::U;
     const uint8_t* P = noise_detail::kPermPadded;
     const U cx = noiseFloor<L>(x), cy = noiseFloor<L>(y);
-    const U X = cx & L::u(255), Y = cy & L::u(255);
     const F fx = x - L::toFloat(cx), fy = y - L::toFloat(cy);
-    const U pX = L::periodicBytes4(P, X);
-    const U hA = L::periodicBytes4(P, byteOf<L>(pX, 0) + Y), hB = L::periodicBytes4(P, byteOf<L>(pX, 1) + Y);
+    // Byte 0 of hA hashes the corner (0, 0), byte 1 the corner (0, 1); hB likewise at x + 1.
+    U hA, hB;
+    if constexpr (L::kByteCycles) {
+        // A byte at a time (sums modulo 256): one lookup of (A, A + 1, B, B + 1).
+        const U ab = L::addBytes(L::periodicBytes4(P, cx), L::template spreadBytes<0, 0, 0, 0>(cy));
+        hA = L::cycleBytes(P, L::addBytes(L::template spreadBytes<0, 0, 1, 1>(ab), L::u(0x01000100u)));
+        hB = L::template shr<16>(hA);
+    } else {
+        const U X = cx & L::u(255), Y = cy & L::u(255);
+        const U pX = L::periodicBytes4(P, X);
+        hA = L::periodicBytes4(P, byteOf<L>(pX, 0) + Y);
+        hB = L::periodicBytes4(P, byteOf<L>(pX, 1) + Y);
+    }
     const F gx = fx - L::f(1.0f), gy = fy - L::f(1.0f);
     const F c00 = grad2<L>(hA, fx, fy);
     const F c10 = grad2<L>(hB, gx, fy);
@@ -332,16 +342,30 @@ HWY_INLINE typename L::F simplexNoise2(typename L::F x, typename L::F y) {
     const F x1 = x0 - i1 + L::f(G2), y1 = y0 - j1 + L::f(G2);
     const F x2 = x0 - L::f(1.0f) + L::f(G2x2), y2 = y0 - L::f(1.0f) + L::f(G2x2);
 
-    // Corner (di, dj) hashes perm[ii + di + perm[jj + dj]].
-    const U ii = i & L::u(255), jj = j & L::u(255);
-    const typename L::M yes = L::eqU(ii, ii), no = L::negate(yes);
-    const U pj = permPair<L>(jj);
-    const U p0 = permPair<L>(ii + pairEntry<L>(pj, no));
-    const U p1 = permPair<L>(ii + pairEntry<L>(pj, L::negate(lower)));
-    const U p2 = permPair<L>(ii + pairEntry<L>(pj, yes));
-    const F n0 = simplexCorner2<L>(x0, y0, pairEntry<L>(p0, no));
-    const F n1 = simplexCorner2<L>(x1, y1, pairEntry<L>(p1, lower));
-    const F n2 = simplexCorner2<L>(x2, y2, pairEntry<L>(p2, yes));
+    // Corner (di, dj) hashes perm[ii + di + perm[jj + dj]] (only its low three bits are read).
+    U h0, h1, h2;
+    if constexpr (L::kByteCycles) {
+        // A byte at a time (sums modulo 256): the pair at jj, then one lookup for the three
+        // corners, whose index bytes pick perm[jj + dj] and add ii + di. The middle corner is
+        // (1, 0) in the lower triangle, (0, 1) in the upper.
+        const uint8_t* P = noise_detail::kPermPadded;
+        const U pj = L::periodicBytes4(P, j);
+        const U pick = L::selectU(lower, L::u(0x00010000u), L::u(0x00010100u));
+        const U di = L::selectU(lower, L::u(0x00010100u), L::u(0x00010000u));
+        h0 = L::cycleBytes(P, L::addBytes(L::addBytes(L::pickBytes(pj, pick), L::template spreadBytes<0, 0, 0, 0>(i)), di));
+        h1 = L::template shr<8>(h0);
+        h2 = L::template shr<16>(h0);
+    } else {
+        const U ii = i & L::u(255), jj = j & L::u(255);
+        const typename L::M yes = L::eqU(ii, ii), no = L::negate(yes);
+        const U pj = permPair<L>(jj);
+        h0 = pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj, no)), no);
+        h1 = pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj, L::negate(lower))), lower);
+        h2 = pairEntry<L>(permPair<L>(ii + pairEntry<L>(pj, yes)), yes);
+    }
+    const F n0 = simplexCorner2<L>(x0, y0, h0);
+    const F n1 = simplexCorner2<L>(x1, y1, h1);
+    const F n2 = simplexCorner2<L>(x2, y2, h2);
     return (n1 + n0 + n2) * L::f(40.0f);
 }
 

@@ -162,7 +162,8 @@ TEST_F(BatchIdentity, BatchEqualsOnePointOnEverySimdLevel) {
 
 // Every hash table entry on every level: the levels with byte permutes hash a byte at a
 // time (sums modulo 256), the others a word at a time (sums up to 510); the cells here sweep
-// each axis over 0..255 and over negative cells, in a grid that also varies the other axes.
+// each axis over 0..255 and over negative cells, in a grid that also varies the other axes,
+// in space and in the plane.
 TEST_F(BatchIdentity, NoiseHashesAgreeOnEveryCellIndex) {
     std::vector<float> points;
     for (int a = -260; a < 260; ++a)
@@ -180,7 +181,11 @@ TEST_F(BatchIdentity, NoiseHashesAgreeOnEveryCellIndex) {
     simplex.setScale(1.0f);
     VoronoiTexture3D voronoi;
     voronoi.setScale(1.0f);
-    const Texture3D* textures[] = {&perlin, &simplex, &voronoi};
+    PerlinTexture3D perlinPlane = perlin;
+    perlinPlane.setFlags(4);
+    SimplexTexture3D simplexPlane = simplex;
+    simplexPlane.setFlags(4);
+    const Texture3D* textures[] = {&perlin, &simplex, &voronoi, &perlinPlane, &simplexPlane};
     for (const Texture3D* t : textures) {
         std::vector<float> expected(n);
         for (int i = 0; i < n; ++i) expected[i] = (*t)(points.data() + 3 * i);
