@@ -472,14 +472,14 @@ HWY_INLINE void insertNearest(Nearest<L, K, kPositions>& n, typename L::F d, typ
     typename L::M below[K];
     for (int i = 0; i < K; ++i) below[i] = L::lt(d, n.d[i]);
     for (int i = K - 1; i > 0; --i) {
-        n.d[i] = L::select(below[i - 1], n.d[i - 1], L::select(below[i], d, n.d[i]));
+        n.d[i] = L::select(below[i - 1], n.d[i - 1], L::minLt(d, n.d[i]));
         if constexpr (kPositions) {
             n.px[i] = L::select(below[i - 1], n.px[i - 1], L::select(below[i], px, n.px[i]));
             n.py[i] = L::select(below[i - 1], n.py[i - 1], L::select(below[i], py, n.py[i]));
             n.pz[i] = L::select(below[i - 1], n.pz[i - 1], L::select(below[i], pz, n.pz[i]));
         }
     }
-    n.d[0] = L::select(below[0], d, n.d[0]);
+    n.d[0] = L::minLt(d, n.d[0]);
     if constexpr (kPositions) {
         n.px[0] = L::select(below[0], px, n.px[0]);
         n.py[0] = L::select(below[0], py, n.py[0]);

@@ -12,6 +12,7 @@
 //   anyBits, noBits(U, U bits) -> M  whether any / none of the bits are set
 //   decrementWhere(M, U)           minus one where the mask holds
 //   select(M, F, F), selectU       per-lane choice
+//   minLt(a, b)                    select(lt(a, b), a, b)
 //   choose(U i, F a, F b[, F c])   the operand numbered i (0, 1 or 2)
 //   truncate(F) -> U               toInt32: truncation, INT32_MIN for NaN / out of range
 //   toFloat(U), unsignedToFloat(U) signed / unsigned int32 to the nearest float
@@ -142,6 +143,7 @@ struct HwyLanes {
     }
 
     static HWY_INLINE F select(M m, F a, F b) { return hn::IfThenElse(m, a, b); }
+    static HWY_INLINE F minLt(F a, F b) { return select(lt(a, b), a, b); }
     static HWY_INLINE U selectU(M m, U a, U b) { return hn::IfThenElse(hn::RebindMask(DU(), m), a, b); }
 
     static HWY_INLINE F choose(U index, F a, F b) { return select(eqU(index, u(0)), a, b); }

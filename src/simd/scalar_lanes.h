@@ -51,6 +51,10 @@ struct ScalarLanes {
         return std::bit_cast<float>((m & std::bit_cast<uint32_t>(a)) | (~m & std::bit_cast<uint32_t>(b)));
     }
     static U selectU(M m, U a, U b) { return (m & a) | (~m & b); }
+    // select(lt(a, b), a, b): the smaller, or b when they are equal or either is NaN. Written
+    // as the comparison so that it is one minss, not a blend through integer registers: a
+    // running minimum is a dependency chain, and the blend made it four times longer.
+    static F minLt(F a, F b) { return a < b ? a : b; }
     // The operand numbered `index` (0, 1 or 2), read from a small table of the operands.
     static F choose(U index, F a, F b) {
         const float operands[2] = {a, b};
