@@ -89,7 +89,7 @@ HWY_INLINE typename L::F cheetahDistance2(float jitter, typename L::F x, typenam
             const F sy = (cellRandom2OfIndices<L>(ixShifted, iyShifted[j]) - half) * J + Y.centre[j];
             const F ex = sx - x, ey = sy - y;
             const F square = ex * ex + ey * ey;
-            best = L::select(L::lt(square, best), square, best);
+            best = L::minLt(square, best);
         }
     }
     return cheetahNearest<L>(best);
@@ -117,7 +117,7 @@ HWY_INLINE typename L::F cheetahDistance3(float jitter, typename L::F x, typenam
             for (int k = 0; k < 3; ++k) {
                 const F ez = shift + Z.centre[k] - z;
                 const F square = ex2[k] + ey2 + ez * ez;
-                best = L::select(L::lt(square, best), square, best);
+                best = L::minLt(square, best);
             }
         }
     }
