@@ -352,7 +352,8 @@ HWY_INLINE typename L::F simplexNoise2(typename L::F x, typename L::F y) {
         const U pj = L::periodicBytes4(P, j);
         const U pick = L::selectU(lower, L::u(0x00010000u), L::u(0x00010100u));
         const U di = L::selectU(lower, L::u(0x00010100u), L::u(0x00010000u));
-        h0 = L::cycleBytes(P, L::addBytes(L::addBytes(L::pickBytes(pj, pick), L::template spreadBytes<0, 0, 0, 0>(i)), di));
+        const U corners = L::addBytes(L::pickBytes(pj, pick), L::template spreadBytes<0, 0, 0, 0>(i));
+        h0 = L::cycleBytes(P, L::addBytes(corners, di));
         h1 = L::template shr<8>(h0);
         h2 = L::template shr<16>(h0);
     } else {
@@ -552,7 +553,8 @@ HWY_INLINE void voronoiSearch(typename L::F x, typename L::F y, typename L::F z,
     U cubeHashes[3][3];  // [oz][oy]: bytes 0..2 hold the hashes for ox 0..2
     for (int oz = 0; oz < zCount; ++oz) {
         const U yHashes = L::periodicBytes4(H, (byteOf<L>(zHashes, oz) + yi - one) & mask);
-        for (int oy = 0; oy < 3; ++oy) cubeHashes[oz][oy] = L::periodicBytes4(H, (byteOf<L>(yHashes, oy) + xi - one) & mask);
+        for (int oy = 0; oy < 3; ++oy)
+            cubeHashes[oz][oy] = L::periodicBytes4(H, (byteOf<L>(yHashes, oy) + xi - one) & mask);
     }
 
     for (int ox = 0; ox < 3; ++ox) {

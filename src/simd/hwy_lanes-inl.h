@@ -20,8 +20,8 @@
 //   floor, sqrt, abs               exactly rounded as the C library's floorf/sqrtf/fabsf
 //   bytes4(table, offset)          4 table bytes from offset, little-endian
 //   periodicBytes4(table, offset)  the same from a table that repeats a 256-byte cycle
-//   kByteCycles                    whether the byte operations below exist (cycleBytes,
-//                                  spreadBytes, addBytes: AVX-512 VBMI only)
+//   kByteCycles                    whether the byte operations exist (cycleBytes, addBytes,
+//                                  pickBytes, spreadBytes: AVX-512 VBMI only)
 //   gather(table, index)           table[index]
 //   gather3(table, index, a, b, c)  table[index], table[index + 1], table[index + 2]
 //   inDouble(a, b, fn)             float(fn(double(a), double(b), ops)), ops.c(v) / ops.abs(v)
@@ -85,15 +85,13 @@ HWY_API __m512i CycleBytesVbmi(const uint8_t* cycle, __m512i index) {
     return _mm512_mask_blend_epi8(_mm512_movepi8_mask(index), low, high);
 }
 
-// Byte k of each lane becomes the lane's byte Bk (the shuffle works within 16-byte blocks).
-template <int B0, int B1, int B2, int B3>
-HWY_API __m512i SpreadBytesVbmi(__m512i v) {
-    constexpr int32_t kLane = B0 | B1 << 8 | B2 << 16 | B3 << 24;
-    const __m512i control = _mm512_set4_epi32(kLane + 0x0C0C0C0C, kLane + 0x08080808, kLane + 0x04040404, kLane);
-    return _mm512_shuffle_epi8(v, control);
+// The byte shuffle control that gives byte k of each 32-bit lane the lane's own byte
+// which[k] (0..3): the shuffle indexes within 16-byte blocks, so each lane's offset in its
+// block (0, 4, 8, 12) is added.
+HWY_API __m512i LaneByteControl(__m512i which) {
+    return _mm512_add_epi8(which, _mm512_set4_epi32(0x0C0C0C0C, 0x08080808, 0x04040404, 0x00000000));
 }
 #endif
-
 
 // The SCALAR level runs the one-point code (ScalarLanes) instead.
 #if HWY_TARGET != HWY_SCALAR
@@ -185,12 +183,11 @@ struct HwyLanes {
     static_assert(hn::MaxLanes(DF()) == 16, "the byte operations work on whole 512-bit vectors");
     static constexpr bool kByteCycles = true;
     static HWY_INLINE U cycleBytes(const uint8_t* cycle, U index) { return U{CycleBytesVbmi(cycle, index.raw)}; }
-    template <int B0, int B1, int B2, int B3>
-    static HWY_INLINE U spreadBytes(U v) { return U{SpreadBytesVbmi<B0, B1, B2, B3>(v.raw)}; }
     static HWY_INLINE U addBytes(U a, U b) { return U{_mm512_add_epi8(a.raw, b.raw)}; }
-    static HWY_INLINE U pickBytes(U v, U which) {
-        const __m512i laneBase = _mm512_set4_epi32(0x0C0C0C0C, 0x08080808, 0x04040404, 0x00000000);
-        return U{_mm512_shuffle_epi8(v.raw, _mm512_add_epi8(which.raw, laneBase))};
+    static HWY_INLINE U pickBytes(U v, U which) { return U{_mm512_shuffle_epi8(v.raw, LaneByteControl(which.raw))}; }
+    template <int B0, int B1, int B2, int B3>
+    static HWY_INLINE U spreadBytes(U v) {  // a constant pick: the control folds at compile time
+        return pickBytes(v, u(B0 | B1 << 8 | B2 << 16 | B3 << 24));
     }
     static HWY_INLINE U periodicBytes4(const uint8_t* table, U offset) {
         return cycleBytes(table, addBytes(spreadBytes<0, 0, 0, 0>(offset), u(0x03020100u)));
@@ -221,8 +218,9 @@ struct HwyLanes {
             // The same with four 8-byte elements per gather: (a0 b0 a1 b1 | a2 b2 a3 b3) and
             // (a4 b4 a5 b5 | a6 b6 a7 b7); the even floats of each 128-bit half, then the
             // 64-bit quarters put in order.
-            const __m256d low = _mm256_i32gather_pd(reinterpret_cast<const double*>(table), _mm256_castsi256_si128(index.raw), 4);
-            const __m256d high = _mm256_i32gather_pd(reinterpret_cast<const double*>(table), _mm256_extracti128_si256(index.raw, 1), 4);
+            const double* pairs = reinterpret_cast<const double*>(table);
+            const __m256d low = _mm256_i32gather_pd(pairs, _mm256_castsi256_si128(index.raw), 4);
+            const __m256d high = _mm256_i32gather_pd(pairs, _mm256_extracti128_si256(index.raw, 1), 4);
             const __m256 lo = _mm256_castpd_ps(low), hi = _mm256_castpd_ps(high);
             a = F{_mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(_mm256_shuffle_ps(lo, hi, 0x88)), 0xD8))};
             b = F{_mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(_mm256_shuffle_ps(lo, hi, 0xDD)), 0xD8))};

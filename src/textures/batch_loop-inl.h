@@ -49,7 +49,10 @@ HWY_INLINE void runBatch(const float* HWY_RESTRICT points, int n, float* HWY_RES
         const bool whole = i + lanes <= n;
         const size_t count = whole ? static_cast<size_t>(lanes) : static_cast<size_t>(n - i);
         const float* source = points + 3 * i;
-        if (HWY_UNLIKELY(!whole)) source = static_cast<const float*>(std::memcpy(in, source, 3 * count * sizeof(float)));
+        if (HWY_UNLIKELY(!whole)) {
+            std::memcpy(in, source, 3 * count * sizeof(float));
+            source = in;
+        }
         hn::Vec<D> x, y, z;
         hn::LoadInterleaved3(d, source, x, y, z);
         const hn::Vec<D> v = kernel(L{}, x, y, z);
