@@ -142,6 +142,12 @@ std::string_view recordName(const char* record) {
     return {name, zero ? static_cast<size_t>(static_cast<const char*>(zero) - name) : kField};
 }
 
+void writeDefaultRecord(const Kind& kind, unsigned char* out) {
+    Texture3D* fresh = kind.ops->create();
+    fresh->getDescription(reinterpret_cast<char*>(out));
+    kind.ops->destroy(fresh);
+}
+
 CreatedTexture createByName(std::string_view name) {
     for (const Kind& k : kKinds) {
         if (k.createOrder == 0 || name != k.name) continue;

@@ -44,6 +44,10 @@ const Kind* findKind(std::string_view name);
 // without a zero matches no kind. Every reader of a record's name goes through this.
 std::string_view recordName(const char* record);
 
+// Writes the record a freshly built texture of the kind has (kind.recordSize bytes). The kind
+// must be implemented.
+void writeDefaultRecord(const Kind& kind, unsigned char* out);
+
 // Creation by name: walks the creation chain and creates the first implemented kind whose
 // name is equal (whole, case-sensitive). Unknown and uncreatable names give nullptr.
 struct CreatedTexture {

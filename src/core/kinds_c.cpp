@@ -37,11 +37,7 @@ int grainsmith_default_record(const char* name, unsigned char* out, int capacity
     if (name == nullptr) return 0;
     const Kind* k = grainsmith::findKind(name);
     if (k == nullptr || !k->implemented()) return 0;
-    if (out != nullptr && capacity >= k->recordSize) {
-        grainsmith::Texture3D* fresh = k->ops->create();
-        fresh->getDescription(reinterpret_cast<char*>(out));
-        k->ops->destroy(fresh);
-    }
+    if (out != nullptr && capacity >= k->recordSize) grainsmith::writeDefaultRecord(*k, out);
     return k->recordSize;
 }
 

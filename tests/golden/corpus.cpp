@@ -190,9 +190,7 @@ std::vector<std::vector<unsigned char>> makeRecords(const char* kindName) {
     std::vector<std::vector<unsigned char>> records;
     if (!kind || !kind->implemented()) return records;
     std::vector<unsigned char> defaults(static_cast<size_t>(kind->recordSize));
-    Texture3D* texture = kind->ops->create();
-    texture->getDescription(reinterpret_cast<char*>(defaults.data()));
-    kind->ops->destroy(texture);
+    writeDefaultRecord(*kind, defaults.data());
     records.push_back(defaults);
 
     uint64_t seed = kFnvBasis;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/catalogue.h"
+#include "grainsmith/make_texture.h"
 #include "printable.h"
 
 namespace grainsmith::cli {
@@ -44,13 +45,6 @@ private:
 
 int parseInt(std::string_view option, std::string_view text);
 float parseFloat(std::string_view option, std::string_view text);
-
-// A texture destroyed through its own kind (Texture3D has no virtual destructor).
-struct TextureDeleter {
-    const Kind* kind;
-    void operator()(Texture3D* t) const { kind->ops->destroy(t); }
-};
-using TexturePtr = std::unique_ptr<Texture3D, TextureDeleter>;
 
 // The record of one kind, as bytes, with its parameters.
 struct Record {

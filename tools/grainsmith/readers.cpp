@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "numbers.h"
+#include "core/param_text.h"
 
 namespace grainsmith::cli {
 namespace {

@@ -9,15 +9,11 @@
 
 #include "atomic_file.h"
 #include "cli.h"
-#include "numbers.h"
+#include "core/param_text.h"
 #include "readers.h"
 
 namespace grainsmith::cli {
 namespace {
-
-// The head's interactive-update flag can be set like any parameter.
-constexpr Param kInteractiveUpdate{.name = "interactiveUpdate", .type = FieldType::Bool,
-                                   .offset = offsetof(BaseData, interactiveUpdate), .defaultValue = 1};
 
 std::string joinKindNames() {
     std::string names;
@@ -31,81 +27,12 @@ std::string joinKindNames() {
 }
 
 std::string joinParamNames(const Kind& kind) {
-    std::string names = kInteractiveUpdate.name;
+    std::string names = interactiveUpdateParam().name;
     for (const Param& p : kind.ops->parameters()) {
         names += ", ";
         names += p.name;
     }
     return names;
-}
-
-const Param* findParam(const Kind& kind, std::string_view name) {
-    if (name == kInteractiveUpdate.name) return &kInteractiveUpdate;
-    for (const Param& p : kind.ops->parameters())
-        if (name == p.name) return &p;
-    return nullptr;
-}
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (size_t i = 0; i < a.size(); ++i)
-        if (std::tolower(static_cast<unsigned char>(a[i])) != std::tolower(static_cast<unsigned char>(b[i])))
-            return false;
-    return true;
-}
-
-std::string typeName(const Param& p) {
-    switch (p.type) {
-    case FieldType::Bool: return "a boolean (true/false, on/off, 1/0)";
-    case FieldType::Int32: return "a whole number from -2147483648 to 2147483647";
-    case FieldType::Float32: return "a single-precision number";
-    case FieldType::Enum: {
-        std::string s = "one of";
-        for (size_t i = 0; i < p.choices.size(); ++i)
-            s += (i ? ", " : " ") + std::to_string(i) + " \"" + p.choices[i] + "\"";
-        return s;
-    }
-    }
-    return "a value";
-}
-
-// Parses `text` for `param`; nullopt-like failure through the bool result.
-bool parseValue(const Param& p, std::string_view text, double& out) {
-    const std::string s(text);
-    switch (p.type) {
-    case FieldType::Bool:
-        for (const char* t : {"true", "on", "yes", "1"})
-            if (equalsIgnoringCase(s, t)) return out = 1, true;
-        for (const char* f : {"false", "off", "no", "0"})
-            if (equalsIgnoringCase(s, f)) return out = 0, true;
-        return false;
-    case FieldType::Int32: {
-        if (s.empty()) return false;
-        char* end = nullptr;
-        errno = 0;
-        const long long v = std::strtoll(s.c_str(), &end, 10);
-        if (*end != '\0' || errno == ERANGE || v < INT32_MIN || v > INT32_MAX) return false;
-        out = static_cast<double>(v);
-        return true;
-    }
-    case FieldType::Float32: {
-        float v = 0.0f;
-        std::string why;
-        if (!parseFloat32(text, v, why)) return false;
-        out = v;
-        return true;
-    }
-    case FieldType::Enum: {
-        for (size_t i = 0; i < p.choices.size(); ++i)
-            if (equalsIgnoringCase(s, p.choices[i])) return out = static_cast<double>(i), true;
-        char* end = nullptr;
-        const long v = s.empty() ? -1 : std::strtol(s.c_str(), &end, 10);
-        if (s.empty() || *end != '\0' || v < 0 || v >= static_cast<long>(p.choices.size())) return false;
-        out = static_cast<double>(v);
-        return true;
-    }
-    }
-    return false;
 }
 
 }  // namespace
@@ -139,22 +66,11 @@ float parseFloat(std::string_view option, std::string_view text) {
     return v;
 }
 
-// The kind a user means: the exact display name, or else the one name equal to it without
-// regard to case (catalogue names never differ by case alone, but a clash is reported).
-const Kind* matchKind(std::string_view name) {
-    if (const Kind* exact = findKind(name)) return exact;
-    const Kind* found = nullptr;
-    for (const Kind& k : catalogue()) {
-        if (!equalsIgnoringCase(name, k.name)) continue;
-        if (found) usageError("kind name '" + std::string(name) + "' is ambiguous: '" + found->name + "' or '" +
-                              k.name + "'");
-        found = &k;
-    }
-    return found;
-}
-
 const Kind& implementedKind(std::string_view name) {
-    const Kind* kind = matchKind(name);
+    const Kind* clash = nullptr;
+    const Kind* kind = matchKind(name, &clash);
+    if (clash)
+        usageError("kind name '" + std::string(name) + "' is ambiguous: '" + kind->name + "' or '" + clash->name + "'");
     if (!kind) usageError("unknown kind '" + std::string(name) + "'; the kinds are: " + joinKindNames());
     if (!kind->implemented()) inputError("kind '" + std::string(kind->name) + "' is not implemented yet");
     return *kind;
@@ -162,8 +78,7 @@ const Kind& implementedKind(std::string_view name) {
 
 Record defaultRecord(const Kind& kind) {
     Record r{&kind, std::vector<unsigned char>(static_cast<size_t>(kind.recordSize))};
-    const TexturePtr fresh(kind.ops->create(), TextureDeleter{&kind});
-    fresh->getDescription(reinterpret_cast<char*>(r.bytes.data()));
+    writeDefaultRecord(kind, r.bytes.data());
     return r;
 }
 
@@ -177,9 +92,9 @@ void applySetting(Record& record, std::string_view setting) {
         usageError("kind '" + std::string(record.kind->name) + "' has no parameter '" + std::string(name) +
                    "'; its parameters are: " + joinParamNames(*record.kind));
     double value = 0;
-    if (!parseValue(*p, text, value))
+    if (!parseParamText(*p, text, value))
         usageError("'" + std::string(text) + "' does not fit parameter '" + std::string(name) + "': expected " +
-                   typeName(*p));
+                   describeType(*p));
     writeParam(*p, record.bytes.data(), value);
 }
 
@@ -200,7 +115,7 @@ Record recordFromChoice(const TextureChoice& choice) {
 }
 
 TexturePtr createTexture(const Record& record, int flags) {
-    TexturePtr t(record.kind->ops->create(), TextureDeleter{record.kind});
+    TexturePtr t(record.kind->ops->create(), TextureDeleter{record.kind->ops->destroy});
     t->setStateFromDescription(reinterpret_cast<const char*>(record.bytes.data()));
     t->setFlags(flags);
     return t;
