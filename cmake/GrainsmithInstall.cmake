@@ -25,8 +25,19 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/GrainsmithConfigVersion.c
 install(FILES ${PROJECT_BINARY_DIR}/GrainsmithConfig.cmake ${PROJECT_BINARY_DIR}/GrainsmithConfigVersion.cmake
         DESTINATION ${GRAINSMITH_CMAKE_DIR})
 
-# pkg-config: the prefix is found relative to the file itself, so the installed tree can move
-# (cmake --install --prefix chooses it after configuration).
-file(RELATIVE_PATH GRAINSMITH_PC_TO_PREFIX /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
-configure_file(${PROJECT_SOURCE_DIR}/cmake/grainsmith.pc.in ${PROJECT_BINARY_DIR}/grainsmith.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/grainsmith.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+# pkg-config: written when installing, so that its paths are the absolute, clean paths of the
+# prefix chosen then (cmake --install --prefix may choose it after configuration).
+install(CODE "
+  set(prefix \"\${CMAKE_INSTALL_PREFIX}\")
+  set(PROJECT_VERSION ${PROJECT_VERSION})
+  set(CMAKE_INSTALL_LIBDIR ${CMAKE_INSTALL_LIBDIR})
+  set(CMAKE_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR})
+  configure_file(\"${PROJECT_SOURCE_DIR}/cmake/grainsmith.pc.in\" \"${PROJECT_BINARY_DIR}/install/grainsmith.pc\" @ONLY)
+  file(INSTALL \"${PROJECT_BINARY_DIR}/install/grainsmith.pc\"
+       DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig\")")
+
+# The examples and the generated reference, beside the other documentation.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/reference)
+install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+        DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -8,9 +8,8 @@
 
 #include "grainsmith/plugin.h"
 
-/* Every entry has this one shape; the check below holds it to the declarations in plugin.h. */
-typedef float Entry(char* text, double value, char* record, int recordSize, char* second, int secondSize,
-                    void** hostData);
+/* Every entry has the one shape GrainsmithEntry of plugin.h. */
+typedef GrainsmithEntry Entry;
 _Static_assert(_Generic(&beginSession, Entry*: 1, default: 0), "entry shape");
 
 static int fail(const char* what) {

@@ -23,11 +23,33 @@
 // Output of continueSession: n float32 values in the record block, value i at offset 4*i.
 #pragma once
 
+#include <stdint.h>
+
 #ifdef __cplusplus
 extern "C" {
 #endif
 
 #define GRAINSMITH_ENTRY __attribute__((visibility("default")))
+
+/* The one shape of every entry: a host finds an entry by name and calls it through a
+ * GrainsmithEntry* (for example `GrainsmithEntry* begin = (GrainsmithEntry*)dlsym(p, "beginSession");`). */
+typedef float GrainsmithEntry(char* text, double value, char* record, int recordSize, char* second,
+                              int secondSize, void** hostData);
+
+/* The 44-byte transform block interactWithUser reads and writes (see there). */
+typedef struct GrainsmithTransform {
+    int32_t flags;      /* 4 or 8: two-dimensional mode; 2: three-dimensional */
+    float overallScale;
+    float translate[3];
+    float scale[3];
+    float rotate[3];    /* whole turns about x, y, z: 1.0 is 360 degrees */
+} GrainsmithTransform;
+#define GRAINSMITH_TRANSFORM_SIZE 44
+#ifdef __cplusplus
+static_assert(sizeof(GrainsmithTransform) == GRAINSMITH_TRANSFORM_SIZE, "transform block layout");
+#else
+_Static_assert(sizeof(GrainsmithTransform) == GRAINSMITH_TRANSFORM_SIZE, "transform block layout");
+#endif
 
 // Creates the session texture from the record whose name matches a creatable kind and sets
 // its flags to the first int32 of `second`. An unknown name changes nothing. Returns 1.0.

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "grainsmith/plugin.h"
+
 namespace grainsmith {
 
 struct TransformBlock {
@@ -22,6 +24,9 @@ struct TransformBlock {
     void writeTo(char* block) const { std::memcpy(block, this, kSize); }
 };
 static_assert(sizeof(TransformBlock) == TransformBlock::kSize);
+// The same layout as the block's C description in plugin.h.
+static_assert(TransformBlock::kSize == GRAINSMITH_TRANSFORM_SIZE &&
+              offsetof(TransformBlock, rotate) == offsetof(GrainsmithTransform, rotate));
 static_assert(offsetof(TransformBlock, overallScale) == 4 && offsetof(TransformBlock, translate) == 8 &&
               offsetof(TransformBlock, scale) == 20 && offsetof(TransformBlock, rotate) == 32);
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "core/catalogue.h"
+#include "grainsmith/grainsmith.h"
 
 using namespace grainsmith;
 
@@ -158,4 +159,31 @@ TEST(ThreadSafety, SessionEvaluatedFromManyThreads) {
         }
     }
     dlclose(handle);
+}
+
+// The handle API as a host with two materials uses it: two textures alive at once, each
+// evaluated by two threads at the same time while the other is too.
+TEST(ThreadSafety, TwoHandleTexturesFromFourThreads) {
+    const std::vector<float> points = testPoints();
+    const size_t n = points.size() / 3;
+    grainsmith_texture* textures[2] = {nullptr, nullptr};
+    ASSERT_EQ(grainsmith_texture_create("Wood", &textures[0]), GRAINSMITH_OK);
+    ASSERT_EQ(grainsmith_texture_create("Brick", &textures[1]), GRAINSMITH_OK);
+    ASSERT_EQ(grainsmith_texture_set(textures[0], "ringScale", 8.0), GRAINSMITH_OK);
+    std::vector<float> got[4];
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t)
+        threads.emplace_back([&, t] {
+            got[t].resize(n);
+            grainsmith_texture_evaluate(textures[t % 2], points.data(), n, got[t].data());
+        });
+    for (std::thread& th : threads) th.join();
+    for (int t = 0; t < 4; ++t) {
+        std::vector<float> want(n);
+        for (size_t i = 0; i < n; ++i)
+            want[i] = grainsmith_texture_evaluate_one(textures[t % 2], points[3 * i], points[3 * i + 1], points[3 * i + 2]);
+        expectSameBits(got[t], want, t % 2 ? "Brick" : "Wood");
+    }
+    grainsmith_texture_destroy(textures[0]);
+    grainsmith_texture_destroy(textures[1]);
 }
