@@ -12,6 +12,14 @@ install(TARGETS grainsmith_core_shared grainsmith_core grainsmith EXPORT Grainsm
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+# Highway's runtime built from source (GRAINSMITH_HWY_SOURCE_DIR) goes along with the static
+# core, which links it; otherwise the package config finds the installed Highway.
+if(TARGET grainsmith_hwy)
+  install(TARGETS grainsmith_hwy EXPORT GrainsmithTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  set(GRAINSMITH_FIND_HWY_PACKAGE OFF)
+else()
+  set(GRAINSMITH_FIND_HWY_PACKAGE ON)
+endif()
 if(TARGET grainsmith_cli)
   install(TARGETS grainsmith_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
