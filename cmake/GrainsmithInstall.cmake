@@ -8,10 +8,23 @@ set(GRAINSMITH_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Grainsmith)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/grainsmith ${PROJECT_BINARY_DIR}/generated/grainsmith
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 
-install(TARGETS grainsmith_core_shared grainsmith_core grainsmith EXPORT GrainsmithTargets
+install(TARGETS grainsmith_core grainsmith EXPORT GrainsmithTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+if(TARGET grainsmith_core_shared)
+  install(TARGETS grainsmith_core_shared EXPORT GrainsmithTargets
+          LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+          INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+endif()
+# Highway's runtime built from source (GRAINSMITH_HWY_SOURCE_DIR) goes along with the static
+# core, which links it; otherwise the package config finds the installed Highway.
+if(TARGET grainsmith_hwy)
+  install(TARGETS grainsmith_hwy EXPORT GrainsmithTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  set(GRAINSMITH_FIND_HWY_PACKAGE OFF)
+else()
+  set(GRAINSMITH_FIND_HWY_PACKAGE ON)
+endif()
 if(TARGET grainsmith_cli)
   install(TARGETS grainsmith_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()

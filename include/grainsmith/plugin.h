@@ -29,7 +29,13 @@
 extern "C" {
 #endif
 
+// Exported from the plug-in. On Windows its module definition file (cmake/plugin.def) names
+// the exports, and a host finds them with GetProcAddress under these undecorated names.
+#if defined(_WIN32)
+#define GRAINSMITH_ENTRY
+#else
 #define GRAINSMITH_ENTRY __attribute__((visibility("default")))
+#endif
 
 /* The one shape of every entry: a host finds an entry by name and calls it through a
  * GrainsmithEntry* (for example `GrainsmithEntry* begin = (GrainsmithEntry*)dlsym(p, "beginSession");`). */
@@ -81,7 +87,8 @@ typedef void (*HostUpdateCallback)(float, int, void*, int, char* record, char* t
 //            with (4.0f, 8, NULL, 0, record copy, transform copy) on the calling thread.
 // Creates a QApplication for the call only when the host runs none, and destroys only that one.
 // Without a usable display (no DISPLAY nor WAYLAND_DISPLAY, or Qt's platform cannot start)
-// it returns at once, both blocks untouched. Always returns 1.0; never aborts the host.
+// it returns at once, both blocks untouched; so does every build without the editor (Windows
+// builds among them). Always returns 1.0; never aborts the host.
 GRAINSMITH_ENTRY float interactWithUser(char* text, double value, char* record, int recordSize, char* second,
                                         int secondSize, void** hostData);
 
