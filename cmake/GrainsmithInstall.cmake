@@ -8,10 +8,12 @@ set(GRAINSMITH_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Grainsmith)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/grainsmith ${PROJECT_BINARY_DIR}/generated/grainsmith
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 
-install(TARGETS grainsmith_core grainsmith EXPORT GrainsmithTargets
-        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+install(TARGETS grainsmith_core EXPORT GrainsmithTargets
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+if(TARGET grainsmith)
+  install(TARGETS grainsmith EXPORT GrainsmithTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
 if(TARGET grainsmith_core_shared)
   install(TARGETS grainsmith_core_shared EXPORT GrainsmithTargets
           LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

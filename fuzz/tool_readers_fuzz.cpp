@@ -28,7 +28,7 @@ void readRecord(const std::vector<uint8_t>& bytes) {
         if (!record.kind->implemented() || record.bytes.size() != static_cast<size_t>(record.kind->recordSize))
             finding("accepted a record that is not whole", record.kind->name);
         for (const Param& p : record.kind->ops->parameters()) (void)cli::describeValue(p, record.bytes.data());
-        const cli::TexturePtr texture = cli::createTexture(record, kDefaultFlags);
+        const TexturePtr texture = cli::createTexture(record, kDefaultFlags);
         const float p[3] = {0.5f, 0.25f, -0.75f};
         (void)(*texture)(p);
     } catch (const cli::Failure& f) {
