@@ -37,12 +37,16 @@ std::vector<uint8_t> recordOf(const grainsmith_texture* t) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
     writeSeedsIfAsked([] {
         std::vector<std::vector<uint8_t>> seeds;
         for (size_t i = 0; i < allKinds().size(); ++i) seeds.push_back({0, static_cast<uint8_t>(i), 0, 0});
         return seeds;
     });
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Input in(data, size);
     const uint8_t source = in.byte(), pick = in.byte(), nameCase = in.byte();
     const Kind& kind = *allKinds()[pick % allKinds().size()];
