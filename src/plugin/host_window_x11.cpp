@@ -179,6 +179,10 @@ bool HostWindow::rect(NativeWindow window, ScreenRect& out) const {
     return true;
 }
 
+// The dialog is application-modal: the window manager and Qt keep input from the host window.
+void HostWindow::beginModal(NativeWindow) {}
+void HostWindow::endModal() {}
+
 void HostWindow::rememberFocus() {
     focus_ = 0;
     if (!connection_) return;
