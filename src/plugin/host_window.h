@@ -49,7 +49,8 @@ public:
 
     // While a modal dialog is open over `window`, the window takes no input: Win32 disables it
     // (EnableWindow) and endModal enables it again, but only when beginModal was what disabled
-    // it. On X11 the dialog's modality does this, and both do nothing.
+    // it (and at the latest when this object goes). On X11 the dialog's modality does this, and
+    // both do nothing.
     void beginModal(NativeWindow window);
     void endModal();
 

@@ -44,7 +44,8 @@ BOOL CALLBACK visit(HWND window, LPARAM context) {
 
 HostWindow::HostWindow() : connection_(GetDesktopWindow()) {}
 
-HostWindow::~HostWindow() = default;
+// A dialog that ends without endModal (an exception on its way out) leaves no disabled host.
+HostWindow::~HostWindow() { endModal(); }
 
 std::uint32_t HostWindow::ownerPid(NativeWindow window) const {
     if (window == 0 || !IsWindow(hwnd(window))) return 0;

@@ -184,6 +184,12 @@ void disablesTheHostWhileTheDialogIsOpen() {
         EnableWindow(window, TRUE);
     }
     {
+        // Left without endModal: the host window is enabled again all the same.
+        HostWindow host;
+        host.beginModal(id(window));
+    }
+    CHECK(IsWindowEnabled(window));
+    {
         // No host window, or one destroyed while the dialog was open: nothing to do.
         HostWindow host;
         host.beginModal(0);
