@@ -2,13 +2,15 @@
 // values (counts at and beyond the loop cap, huge, tiny, NaN and infinite sizes, every enum
 // value and beyond) finds the slowest record, which must still cost less than 20 us a point.
 // Timing is taken as the minimum over repeats, so a loaded machine does not fail it; the
-// sanitizer builds skip it (their cost says nothing about the library's).
+// sanitizer builds and runs under an emulator skip it (their cost says nothing about the
+// library's).
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <cfloat>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <random>
 #include <vector>
@@ -83,6 +85,8 @@ double costNs(const Kind& kind, const std::vector<unsigned char>& record, int fl
 
 TEST(BoundedWork, WorstRecordOfEveryKindStaysUnderTwentyMicrosecondsAPoint) {
     if (kInstrumented) GTEST_SKIP() << "timing is meaningless under sanitizers";
+    if (const char* emulator = std::getenv("GRAINSMITH_TEST_EMULATOR"))
+        GTEST_SKIP() << "timing is meaningless under an emulator (" << emulator << ")";
     const std::vector<float> points = timingPoints();
     for (const Kind& kind : catalogue()) {
         if (!kind.implemented()) continue;
