@@ -24,6 +24,9 @@ namespace grainsmith {
 
 namespace batch {
 HWY_EXPORT(Level);
+// Dispatched from inside the table's namespace: with a single level Highway's dispatch names the
+// function by its per-level namespace alone (N_NEON::Level), with several the table by its name.
+static int64_t chosenLevel() { return HWY_DYNAMIC_DISPATCH(Level)(); }
 }  // namespace batch
 
 namespace simd {
@@ -44,7 +47,7 @@ const char* levelName(int64_t level) { return hwy::TargetName(level); }
 
 }  // namespace simd
 
-const char* simdLevelName() { return simd::levelName(HWY_DYNAMIC_DISPATCH(batch::Level)()); }
+const char* simdLevelName() { return simd::levelName(batch::chosenLevel()); }
 
 }  // namespace grainsmith
 #endif  // HWY_ONCE
