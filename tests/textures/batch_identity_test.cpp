@@ -97,6 +97,12 @@ TEST_F(BatchIdentity, BatchEqualsOnePointOnEverySimdLevel) {
     const std::vector<int64_t> levels = simd::availableLevels();
 #if defined(__x86_64__)
     ASSERT_GE(levels.size(), 3u) << "x86-64 offers at least SSSE3, SSE4 (where the CPU has it) and SCALAR";
+#elif defined(__aarch64__)
+    // NEON belongs to the base architecture: every AArch64 CPU runs it, whatever extensions
+    // (AES, SVE) it has or lacks.
+    std::vector<std::string> levelNames;
+    for (int64_t level : levels) levelNames.emplace_back(simd::levelName(level));
+    ASSERT_EQ(levelNames, (std::vector<std::string>{"NEON", "SCALAR"}));
 #endif
     std::mt19937 rng(20240611);
     constexpr int kPoints = 203;  // not a multiple of any vector width: the tail path runs too
