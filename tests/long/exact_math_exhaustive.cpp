@@ -1,10 +1,13 @@
 // Every float argument (all 2^32 bit patterns) of sinf, cosf, fourthRoot and fourthPower,
 // checked for correct rounding. Takes minutes; built with the tests, not run by ctest.
 //
-//   exact_math_exhaustive [sinf|cosf|fourthRoot|fourthPower ...] [--threads N] [--sample K]
-//                         [--range FIRST LAST]   (bit patterns, hexadecimal; default all)
+//   exact_math_exhaustive [sinf|cosf|fourthRoot|fourthPower|atan2y|atan2x ...] [--threads N]
+//                         [--sample K] [--range FIRST LAST]   (bit patterns, hexadecimal)
 //
-// sinf, cosf: the first stage's value, if it is farther from every float midpoint than its
+// By default the four one-argument functions; atan2y and atan2x (atan2f(y, 1) for every y,
+// atan2f(1, x) for every x: both octants of each quadrant's computation) on request.
+//
+// sinf, cosf, atan2f: the first stage's value, if it is farther from every float midpoint than its
 // error bound, proves the rounding; else the second stage's; else MPFR decides (and the
 // argument is listed). The function's result must equal the proven one. Every K-th argument
 // is also compared with MPFR directly, and the two stages' actual errors are measured there
@@ -68,13 +71,22 @@ struct Mpfr {
         mpfr_set_d(b, y, MPFR_RNDN);
         return round(mpfr_pow(a, a, b, MPFR_RNDN));
     }
-    // |v - f(x)| / |f(x)|, f = sin or cos, to 320 bits.
-    double relativeError(DD v, bool cos, float x) {
+    float atan2(float y, float x) {
+        mpfr_set_flt(a, y, MPFR_RNDN);
+        mpfr_set_flt(b, x, MPFR_RNDN);
+        return round(mpfr_atan2(a, a, b, MPFR_RNDN));
+    }
+    // |v - f| / |f| to 320 bits, f = sin(x), cos(x) or atan2(x, y) (which: 0, 1, 2).
+    double relativeError(DD v, int which, float x, float y = 0.0f) {
         mpfr_set_emin(mpfr_get_emin_min());  // the differences go far below the float range
         mpfr_set_emax(mpfr_get_emax_max());
         mpfr_set_flt(wide, x, MPFR_RNDN);
-        if (cos) mpfr_cos(wide, wide, MPFR_RNDN);
-        else mpfr_sin(wide, wide, MPFR_RNDN);
+        if (which == 0) mpfr_sin(wide, wide, MPFR_RNDN);
+        if (which == 1) mpfr_cos(wide, wide, MPFR_RNDN);
+        if (which == 2) {
+            mpfr_set_flt(wide2, y, MPFR_RNDN);
+            mpfr_atan2(wide, wide, wide2, MPFR_RNDN);
+        }
         mpfr_set_d(wide2, v.hi, MPFR_RNDN);
         mpfr_add_d(wide2, wide2, v.lo, MPFR_RNDN);
         mpfr_sub(wide2, wide2, wide, MPFR_RNDN);
@@ -171,9 +183,46 @@ void checkSinCos(bool cos, uint32_t bits, bool sample, Mpfr& mp, Stats& st) {
         ++st.sampled;
         const float ref = mp.sinCos(cos, x);
         if (!sameBits(got, ref)) ++st.sampleWrong, st.note("MPFR differs at %a: got %a, MPFR %a", x, got, ref);
-        st.worstQuick = std::max(st.worstQuick, mp.relativeError(quick, cos, x));
+        st.worstQuick = std::max(st.worstQuick, mp.relativeError(quick, cos ? 1 : 0, x));
         const DD dd = cos ? ex::detail::cosDD(x) : ex::detail::sinDD(x);
-        st.worstDD = std::max(st.worstDD, mp.relativeError(dd, cos, x));
+        st.worstDD = std::max(st.worstDD, mp.relativeError(dd, cos ? 1 : 0, x));
+    }
+}
+
+// atan2f(v, 1) or atan2f(1, v).
+void checkAtan2(bool overOne, uint32_t bits, bool sample, Mpfr& mp, Stats& st) {
+    const float v = std::bit_cast<float>(bits);
+    const float y = overOne ? v : 1.0f, x = overOne ? 1.0f : v;
+    const float got = ex::atan2f(y, x);
+    ++st.checked;
+    if (!std::isfinite(v) || v == 0.0f) {  // the special value table
+        const float ref = mp.atan2(y, x);
+        if (!sameBits(got, ref)) ++st.wrong, st.note("special %a gave %a, MPFR %a", v, got, ref);
+        return;
+    }
+    float want;
+    const DD quick = ex::detail::atan2Quick(y, x);
+    if (ex::detail::roundsSafelyToFloat(quick, ex::detail::kQuickRelError)) {
+        want = ex::detail::nearestFloat(quick);
+        ++st.byQuick;
+    } else {
+        const DD dd = ex::detail::atan2DD(y, x);
+        if (ex::detail::roundsSafelyToFloat(dd, ex::detail::kDDRelError)) {
+            want = ex::detail::nearestFloat(dd);
+            ++st.byDD;
+        } else {
+            want = mp.atan2(y, x);
+            ++st.byMpfr;
+            st.note("ambiguous at %a: MPFR %a, got %a", v, want, got);
+        }
+    }
+    if (!sameBits(got, want)) ++st.wrong, st.note("wrong at %a: got %a, want %a", v, got, want);
+    if (sample) {
+        ++st.sampled;
+        const float ref = mp.atan2(y, x);
+        if (!sameBits(got, ref)) ++st.sampleWrong, st.note("MPFR differs at %a: got %a, MPFR %a", v, got, ref);
+        st.worstQuick = std::max(st.worstQuick, mp.relativeError(quick, 2, y, x));
+        st.worstDD = std::max(st.worstDD, mp.relativeError(ex::detail::atan2DD(y, x), 2, y, x));
     }
 }
 
@@ -210,7 +259,7 @@ void checkFourthPower(uint32_t bits, bool sample, Mpfr& mp, Stats& st) {
     ++st.checked;
     const float want = std::isnan(x) ? x : std::isinf(x) ? std::numeric_limits<float>::infinity()
                                                           : roundExact(power4(std::fabs(static_cast<double>(x))));
-    ++st.byQuick;
+    if (std::isfinite(x)) ++st.byQuick;
     if (!sameBits(got, want)) ++st.wrong, st.note("wrong at %a: got %a, want %a", x, got, want);
     if (sample) {
         ++st.sampled;
@@ -239,14 +288,16 @@ int main(int argc, char** argv) {
             first = std::strtoull(argv[i + 1], nullptr, 16);
             last = std::min<uint64_t>(std::strtoull(argv[i + 2], nullptr, 16), 0xFFFFFFFFu);
             i += 2;
-        } else if (a == "sinf" || a == "cosf" || a == "fourthRoot" || a == "fourthPower") {
+        } else if (a == "sinf" || a == "cosf" || a == "fourthRoot" || a == "fourthPower" || a == "atan2y" ||
+                   a == "atan2x") {
             functions.push_back(a);
         } else {
             std::fprintf(stderr,
-                         "usage: %s [sinf|cosf|fourthRoot|fourthPower ...] [--threads N] [--sample K]\n"
-                         "          [--range FIRST LAST]\n"
-                         "  checks every float argument of the named functions (default: all four), or the\n"
-                         "  bit patterns FIRST to LAST (hexadecimal)\n",
+                         "usage: %s [sinf|cosf|fourthRoot|fourthPower|atan2y|atan2x ...] [--threads N]\n"
+                         "          [--sample K] [--range FIRST LAST]\n"
+                         "  checks every float argument of the named functions (default: the first four;\n"
+                         "  atan2y is atan2f(y, 1), atan2x atan2f(1, x)), or the bit patterns FIRST to LAST\n"
+                         "  (hexadecimal)\n",
                          argv[0]);
             return 2;
         }
@@ -276,6 +327,7 @@ int main(int argc, char** argv) {
                     if (name == "sinf") checkSinCos(false, bits, sample, mp, st);
                     else if (name == "cosf") checkSinCos(true, bits, sample, mp, st);
                     else if (name == "fourthRoot") checkFourthRoot(bits, sample, mp, st);
+                    else if (name == "atan2y" || name == "atan2x") checkAtan2(name == "atan2y", bits, sample, mp, st);
                     else checkFourthPower(bits, sample, mp, st);
                 }
                 const uint64_t d = done.fetch_add(1) + 1;
@@ -297,7 +349,7 @@ int main(int argc, char** argv) {
         allGood = allGood && good;
         std::printf("%s: %llu arguments in %.0f s: %s\n", name.c_str(), static_cast<unsigned long long>(total.checked),
                     seconds(start), good ? "all correctly rounded" : "FAILED");
-        if (name == "sinf" || name == "cosf")
+        if (name == "sinf" || name == "cosf" || name == "atan2y" || name == "atan2x")
             std::printf("  decided by the first stage %llu, by the second %llu, by MPFR %llu; wrong %llu\n",
                         static_cast<unsigned long long>(total.byQuick), static_cast<unsigned long long>(total.byDD),
                         static_cast<unsigned long long>(total.byMpfr), static_cast<unsigned long long>(total.wrong));
