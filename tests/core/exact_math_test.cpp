@@ -244,9 +244,12 @@ TEST(ExactSinfCosf, MatchMpfrOnRandomFloatsAndNearMultiplesOfHalfPi) {
         const float x = static_cast<float>(nearestToHalfPiMultiple(std::floor(k) + 1.0, 24));
         for (int d = -2; d <= 2; ++d) both(std::bit_cast<float>(std::bit_cast<uint32_t>(x) + d));
     }
-    // The edges of the shortcuts (|x| < 2^-12 for sinf, 2^-13 for cosf) and other landmarks.
+    // The edges of the shortcuts (|x| < 2^-12 for sinf, 2^-13 for cosf), the floats nearest to a
+    // multiple of pi (sin within 2^-28.2) and of pi/2 (cos within 2^-29.2), found by the
+    // exhaustive check, and other landmarks.
     for (float x : {0x1p-12f, 0x1.fffffep-13f, 0x1p-13f, 0x1.fffffep-14f, 0x1.6a09e6p-12f, 0x1p-149f, 0x1p-126f,
-                    0.78f, 0x1.921fb6p+0f, 0x1.921fb6p+1f, 0x1.fffffep+127f, 0x1p+127f, 12582912.0f})
+                    0.78f, 0x1.921fb6p+0f, 0x1.921fb6p+1f, 0x1.fffffep+127f, 0x1p+127f, 12582912.0f,
+                    0x1.f37c8ap+96f, 0x1.f37c8ap+95f})
         for (float s : {1.0f, -1.0f}) both(s * x);
     EXPECT_TRUE(m.none()) << m.report();
 
