@@ -18,6 +18,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "core/exact_math.h"
 #include "grainsmith/limits.h"
 #include "grainsmith/noise/cellular.h"
 #include "hwy/highway.h"
@@ -514,7 +515,7 @@ HWY_INLINE typename L::F voronoiDistance(typename L::F dx, typename L::F dy, typ
             return dx * dx + dy * dy + dz * dz + dx * dy + dz * dx + dz * dy;
         case Voronoi::Minkowski4: {
             const F s = ((dx * dx) * dx) * dx + ((dy * dy) * dy) * dy + ((dz * dz) * dz) * dz;
-            return L::perLane(s, [](float v) { return std::pow(v, 0.25f); });
+            return L::perLane(s, [](float v) { return exact::fourthRoot(v); });  // powf(v, 0.25f)
         }
         case Voronoi::Minkowski05: {
             const F s = L::sqrt(L::abs(dx)) + L::sqrt(L::abs(dy)) + L::sqrt(L::abs(dz));

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "core/exact_math.h"
 #include "grainsmith/noise/cellular.h"
 #include "grainsmith/numeric.h"
 #include "noise/cellular_tables.h"
@@ -63,14 +64,14 @@ double storedDistance(double dx, double dy, double dz, int method) {
         case Minkowski4: {
             // The root is taken in single precision.
             const double s = ((dx * dx) * dx) * dx + ((dy * dy) * dy) * dy + ((dz * dz) * dz) * dz;
-            const double r = std::pow(static_cast<float>(s), 0.25f);
+            const double r = exact::fourthRoot(static_cast<float>(s));  // powf(s, 0.25f)
             return r * r;
         }
         case Minkowski05: {
             // The fourth power is taken in single precision; the final value is that power
             // itself, the square of the Minkowski(0.5) distance.
             const double s = std::sqrt(std::fabs(dx)) + std::sqrt(std::fabs(dy)) + std::sqrt(std::fabs(dz));
-            const double r = std::pow(static_cast<float>(s), 4.0f);
+            const double r = exact::fourthPower(static_cast<float>(s));  // powf(s, 4.0f)
             return r * r;
         }
         default:  // Euclidean, and any code outside 0..7

@@ -2,8 +2,9 @@
 // (simd/): the one-point operator instantiates it with ScalarLanes, the batch path of every
 // SIMD level (textures/batch_pattern_kinds.cpp) with HwyLanes, so both give the same bits.
 // Choices that depend on the point are selects worked on every lane; choices that depend
-// on the record (style, flags, toggles) are ordinary branches. Library functions (sin, cos,
-// atan2, fmod) are called lane by lane, so the batch path calls exactly what one point does.
+// on the record (style, flags, toggles) are ordinary branches. The transcendental functions
+// (core/exact_math: correctly rounded sin, cosf, atan2f, the same on every platform) and fmod
+// are called lane by lane, so the batch path calls exactly what one point does.
 //
 // Re-included once per SIMD target (Highway's foreach_target).
 
@@ -16,6 +17,7 @@
 
 #include <cmath>
 
+#include "core/exact_math.h"
 #include "grainsmith/limits.h"
 #include "grainsmith/textures/checkerboard.h"
 #include "grainsmith/textures/corrugated.h"
@@ -183,7 +185,7 @@ HWY_INLINE typename L::F stripes(const StripesData& d, bool /*planar*/, typename
             break;
         case StripesTexture3D::Sine:  // the whole displacement in double, from y itself
             xs = L::perLane(x, y, [amplitude = static_cast<double>(d.amplitude)](float px, float py) {
-                const double wave = std::sin(2.0 * static_cast<double>(py) * kPatternPi);
+                const double wave = exact::sin(2.0 * static_cast<double>(py) * kPatternPi);
                 return static_cast<float>(static_cast<double>(px) + wave * amplitude);
             });
             break;
@@ -241,8 +243,8 @@ HWY_INLINE typename L::F spiral(const SpiralData& d, bool planar, typename L::F 
     } else {
         const F rho = L::sqrt(x * x + z * z);
         const F theta =
-            L::perLane(z, x, [](float pz, float px) { return std::atan2(pz, px); }) + y * L::f(d.spiralRate);
-        xs = rho * L::perLane(theta, [](float angle) { return std::cos(angle); });
+            L::perLane(z, x, [](float pz, float px) { return exact::atan2f(pz, px); }) + y * L::f(d.spiralRate);
+        xs = rho * L::perLane(theta, [](float angle) { return exact::cosf(angle); });
     }
     const LatticeDistances<L> dist = latticeDistances<L>(xs);
     const F h2 = L::f(halfWidthSquared(d.stripeWidth));
@@ -266,12 +268,12 @@ HWY_INLINE typename L::F corrugated(const CorrugatedData& d, bool /*planar*/, ty
                              L::f(1.0f) - (ribbonArc<L>(t, 0.75f) + half));
         case CorrugatedTexture3D::Sine:
             return L::perLane(t, [](float pt) {
-                       return static_cast<float>(std::sin(2.0 * static_cast<double>(pt) * kPatternPi));
+                       return static_cast<float>(exact::sin(2.0 * static_cast<double>(pt) * kPatternPi));
                    }) * half + half;
         case CorrugatedTexture3D::Triangle:
             return triangleWave<L>(t);
         default:
-            return L::perLane(t * L::f(static_cast<float>(kPatternPi)), [](float v) { return std::sin(v); }) * half +
+            return L::perLane(t * L::f(static_cast<float>(kPatternPi)), [](float v) { return exact::sinf(v); }) * half +
                    half;
     }
 }

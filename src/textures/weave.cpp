@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "core/exact_math.h"
 #include "grainsmith/numeric.h"
 
 namespace grainsmith {
@@ -115,7 +116,7 @@ float band(float f, float width) {
 // 1 - s/2 + (s/2) sin(pi a): the upper thread (a in [0, 1]) bright in its middle, the hidden
 // one (a in [1, 2]) dark in its middle.
 float shade(float strength, float a) {
-    const float wave = static_cast<float>(std::sin(kPi * static_cast<double>(a)));
+    const float wave = static_cast<float>(exact::sin(kPi * static_cast<double>(a)));
     return wave / (2.0f / strength) + ((1.0f - strength) * 0.5f + 0.5f);
 }
 

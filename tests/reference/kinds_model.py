@@ -6,8 +6,10 @@ Stripes, Zigzag, Spiral, Corrugated, HexTile and Houndstooth, and the pattern ki
 Nested Shapes, Plaid, Weave and Penrose Rhombus. The noise primitives come from noise_model.py.
 
 Every single-precision operation is done in Python's double and rounded to float32 right away;
-the steps the kinds take in double are kept in double. Run it to print the values the tests
-compare against, as C++ hex literals."""
+the steps the kinds take in double are kept in double. sin, cos and atan2 come from Python's
+math module (the C library); the library's own correctly rounded functions give the same values
+at every point the tests use. Run it to print the values the tests compare against, as C++ hex
+literals."""
 import math
 
 from noise_model import (FLT_MAX, add, cell_floor, div, fractal2, fractal3, hexf, lattice_floor, mul,

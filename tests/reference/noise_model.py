@@ -5,9 +5,10 @@ noise, classic gradient noise with its seeded tables, and the Voronoi and Worley
 searches.
 
 Single precision is emulated by doing each step in Python's double and rounding it to float32
-at once, which gives the correctly rounded result for +, -, *, / and sqrt of float32 operands
-(powf may differ in the last place). Worley works in double, Python's own float. The cellular
-constant tables are read from the library's table sources.
+at once, which gives the correctly rounded result for +, -, *, / and sqrt of float32 operands.
+powf(x, 0.25) and powf(x, 4), correctly rounded in the library, are worked exactly in rationals.
+Worley works in double, Python's own float. The cellular constant tables are read from the
+library's table sources.
 
 Run it to print the values the tests compare against (as C hex-float literals)."""
 import itertools
@@ -15,6 +16,7 @@ import math
 import os
 import re
 import struct
+from fractions import Fraction
 
 # ---------------------------------------------------------------- float32 emulation
 INT32_MIN = -(2 ** 31)
@@ -31,6 +33,45 @@ def f(x):
 
 
 FLT_MAX = f(3.4028235e38)
+
+
+def f_exact(q):
+    """Round an exact non-negative rational to the nearest float32 (ties to even, subnormals)."""
+    if q == 0:
+        return 0.0
+    e = q.numerator.bit_length() - q.denominator.bit_length()  # 2^e <= q < 2^(e+2)
+    if Fraction(2) ** e > q:
+        e -= 1
+    elif Fraction(2) ** (e + 1) <= q:
+        e += 1
+    quantum = max(e - 23, -149)
+    n = round(q / Fraction(2) ** quantum)  # Fraction rounds halves to even
+    return math.inf if n * Fraction(2) ** quantum >= Fraction(2) ** 128 else math.ldexp(float(n), quantum)
+
+
+def next_f32(x, up):
+    """The float32 after x (x >= 0) upwards or downwards."""
+    b = struct.unpack('<I', struct.pack('<f', x))[0]
+    return struct.unpack('<f', struct.pack('<I', b + 1 if up else b - 1))[0]
+
+
+def pow4(x):
+    """powf(x, 4): x^4 exactly, rounded once."""
+    return math.nan if math.isnan(x) else math.inf if math.isinf(x) else f_exact(Fraction(x) ** 4)
+
+
+def root4(v):
+    """powf(v, 0.25) for v >= 0: the float32 whose neighbouring midpoints bracket the root."""
+    if v == 0 or math.isinf(v) or math.isnan(v):
+        return abs(v)
+    r = f(v ** 0.25)
+    while True:
+        if ((Fraction(r) + Fraction(next_f32(r, True))) / 2) ** 4 < Fraction(v):
+            r = next_f32(r, True)
+        elif ((Fraction(r) + Fraction(next_f32(r, False))) / 2) ** 4 > Fraction(v):
+            r = next_f32(r, False)
+        else:
+            return r
 
 
 def add(a, b): return f(a + b)
@@ -387,7 +428,8 @@ def _read(name):
 
 
 _VORONOI_TEXT = _read('voronoi_tables.cpp')
-H = [int(v) for v in re.findall(r'\b(\d+)\s*,', _VORONOI_TEXT.split('=', 1)[1])[:256]]
+# The hash permutation is a macro (continued lines, no comma after the last value).
+H = [int(v) for v in re.findall(r'\d+', _VORONOI_TEXT.split('#define GRAINSMITH_VORONOI_HASH', 1)[1])[:256]]
 P = [[f(float(v)) for v in p] for p in re.findall(r'\{([0-9.]+)f, ([0-9.]+)f, ([0-9.]+)f\}',
                                                    _VORONOI_TEXT.split('kVoronoiPoints', 1)[1])]
 POISSON = [int(v) for v in re.findall(r'\b(\d)\s*,', _read('worley_tables.cpp').split('=', 1)[1])]
@@ -411,7 +453,7 @@ def v_metric(dx, dy, dz, m):
         return f(f(f(sq + f(dx * dy)) + f(dz * dx)) + f(dz * dy))
     if m == 5:
         def p4(a): return f(f(f(a * a) * a) * a)
-        return f(math.pow(f(f(p4(dx) + p4(dy)) + p4(dz)), 0.25))
+        return root4(f(f(p4(dx) + p4(dy)) + p4(dz)))
     if m == 6:
         s = f(f(f(math.sqrt(abs(dx))) + f(math.sqrt(abs(dy)))) + f(math.sqrt(abs(dz))))
         return f(s * s)
@@ -496,10 +538,10 @@ def w_stored(dx, dy, dz, m):
         q = sq + dx * dy + dz * dx + dz * dy
         return q * q
     if m == 6:
-        r = f(math.pow(f(((dx * dx) * dx) * dx + ((dy * dy) * dy) * dy + ((dz * dz) * dz) * dz), 0.25))
+        r = root4(f(((dx * dx) * dx) * dx + ((dy * dy) * dy) * dy + ((dz * dz) * dz) * dz))
         return r * r
     if m == 7:
-        r = f(math.pow(f(math.sqrt(abs(dx)) + math.sqrt(abs(dy)) + math.sqrt(abs(dz))), 4.0))
+        r = pow4(f(math.sqrt(abs(dx)) + math.sqrt(abs(dy)) + math.sqrt(abs(dz))))
         return r * r
     return sq
 
